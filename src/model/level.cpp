@@ -1,0 +1,17 @@
+#include "level.h"
+
+#include "tile_codes.h"
+
+void Level::Allocate(int width, int height) {
+    GridWidth = static_cast<qint16>(width);
+    GridHeight = static_cast<qint16>(height);
+    HeroX.reset();
+    HeroY.reset();
+    LevelGrid.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
+                     FloorCode);
+}
+
+qint16 IsWallAt(const Level& level, int x, int y) {
+    if (!(x > 0 && x < level.GridWidth && y > 0 && y < level.GridHeight)) return 0;
+    return isWallPiece(level.cell(x, y)) ? 1 : 0;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+
+class QIODevice;
+
+// Reads lines that end at a carriage return, skipping one line feed right after it; a lone
+// line feed belongs to the line. Reads in blocks, so a file costs time linear in its size.
+class LineReader {
+public:
+    explicit LineReader(QIODevice& device) : device(device) {}
+
+    bool atEnd();
+    // The next line without its ending. At most `keep` bytes are kept; `length` is the line's
+    // whole length, so an overlong line is measured without being held in memory.
+    struct Line {
+        QByteArray text;
+        qint64 length = 0;
+    };
+    Line readLine(qint64 keep);
+
+private:
+    bool fill();
+
+    QIODevice& device;
+    QByteArray buffer;
+    qsizetype position = 0;
+};

@@ -1,0 +1,57 @@
+#include "map_canvas.h"
+
+#include "sprite_sheet.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+void MapCanvas::resize(int columns, int rows) {
+    width = std::max(columns, 0);
+    height = std::max(rows, 0);
+    cells.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Cleared);
+    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
+}
+
+void MapCanvas::clear() {
+    std::fill(cells.begin(), cells.end(), Cleared);
+    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
+}
+
+void MapCanvas::drawCell(int x, int y, int sheetCell) {
+    if (x < 0 || x >= width || y < 0 || y >= height) return;
+    cells[static_cast<std::size_t>(y) * width + x] = static_cast<qint16>(sheetCell);
+    if (changed) changed(QRect(x * TileSize, y * TileSize, TileSize, TileSize));
+}
+
+int MapCanvas::cellAt(int x, int y) const {
+    if (x < 0 || x >= width || y < 0 || y >= height) return Cleared;
+    return cells[static_cast<std::size_t>(y) * width + x];
+}
+
+void MapCanvas::paint(QPainter& painter, const QRect& exposed, const SpriteSheet& sheet) const {
+    const QRect area = exposed.intersected(QRect(QPoint(0, 0), pixelSize()));
+    if (area.isEmpty()) return;
+    const int firstColumn = area.left() / TileSize;
+    const int lastColumn = area.right() / TileSize;
+    const int firstRow = area.top() / TileSize;
+    const int lastRow = area.bottom() / TileSize;
+    const QSize picture = sheet.cellSize().boundedTo(QSize(TileSize, TileSize));
+    const bool fillsCell = picture == QSize(TileSize, TileSize);
+    painter.save();
+    painter.setClipRect(area);
+    for (int y = firstRow; y <= lastRow; ++y) {
+        const qint16* row = cells.data() + static_cast<std::size_t>(y) * width;
+        for (int x = firstColumn; x <= lastColumn; ++x) {
+            const QRect target(x * TileSize, y * TileSize, TileSize, TileSize);
+            const int cell = row[x];
+            if (cell == Cleared || !fillsCell) painter.fillRect(target, QColor(MapBackground));
+            if (cell == Cleared) continue;
+            // Cells stored here were fetched from the sheet before they were drawn.
+            const QRect source = sheet.cellRect(cell);
+            painter.drawImage(QRect(target.topLeft(), picture),
+                              sheet.image(), QRect(source.topLeft(), picture));
+        }
+    }
+    painter.restore();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QColor>
+#include <QRect>
+
+#include <functional>
+#include <vector>
+
+class QPainter;
+class SpriteSheet;
+
+inline constexpr int TileSize = 64;
+inline constexpr QRgb MapBackground = qRgb(204, 204, 204);
+
+// What the map surface shows, one entry per map cell: the sheet cell last drawn there, or
+// Cleared for the grey background. Pixels exist only while a widget paints an exposed part.
+class MapCanvas {
+public:
+    static constexpr qint16 Cleared = -1;
+
+    // A surface of columns x rows map cells (64 pixels each), all cleared.
+    void resize(int columns, int rows);
+    void clear();
+    int columns() const { return width; }
+    int rows() const { return height; }
+    QSize pixelSize() const { return {width * TileSize, height * TileSize}; }
+
+    // Copies sheet cell `sheetCell` onto map cell (x, y); a cell off the surface is dropped,
+    // as a picture drawn beyond a surface's edge is.
+    void drawCell(int x, int y, int sheetCell);
+    int cellAt(int x, int y) const;  // Cleared also for cells off the surface
+
+    // Paints the part `exposed` (surface pixels) onto `painter`: each cell's sheet picture at
+    // its own size, clipped to its 64-pixel square, grey where nothing was drawn. Costs in
+    // proportion to the exposed area, not to the level.
+    void paint(QPainter& painter, const QRect& exposed, const SpriteSheet& sheet) const;
+
+    // Told the surface pixels of every change, so a widget can schedule their repaint.
+    void setChangeListener(std::function<void(const QRect&)> listener) {
+        changed = std::move(listener);
+    }
+
+private:
+    int width = 0;
+    int height = 0;
+    std::vector<qint16> cells;
+    std::function<void(const QRect&)> changed;
+};
