@@ -5,7 +5,7 @@
 // The modal message boxes the editor shows, in their four styles. The window implements
 // them with QMessageBox; tests record the prompts and script the answers.
 class Dialogs {
-public:
+  public:
     virtual ~Dialogs() = default;
     // Yes/No with a question mark; true for Yes.
     virtual bool question(const QString& prompt, const QString& title) = 0;

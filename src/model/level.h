@@ -9,7 +9,7 @@
 // The grid has one margin column x = GridWidth and one margin row y = GridHeight beyond the
 // level proper; the whole-level redraw paints them, the level file never holds them.
 class Level {
-public:
+  public:
     qint16 GridWidth = 0;
     qint16 GridHeight = 0;
     // Unset until a hero is read or placed; unset reads as cell (0, 0).
@@ -30,7 +30,7 @@ public:
     int heroXOrOrigin() const { return HeroX.value_or(0); }
     int heroYOrOrigin() const { return HeroY.value_or(0); }
 
-private:
+  private:
     std::size_t index(int x, int y) const {
         return static_cast<std::size_t>(y) * (GridWidth + 1) + static_cast<std::size_t>(x);
     }

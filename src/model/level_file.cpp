@@ -14,7 +14,9 @@ namespace {
 constexpr int SizeLineAllowance = 2 * FileBorder;
 constexpr qint64 LongestSizeLine = 64;  // longer is no number the size line can hold
 
-QString shownName(const QString& path) { return QFileInfo(path).fileName(); }
+QString shownName(const QString& path) {
+    return QFileInfo(path).fileName();
+}
 
 // A whole number with optional blanks around it and an optional sign, fitting 16 bits.
 std::optional<qint16> parseSizeLine(const QByteArray& line) {
@@ -60,8 +62,7 @@ std::optional<LevelFileRefusal> readHeader(LineReader& reader, const QString& na
 
 }  // namespace
 
-std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs,
-                                              const QString& path) {
+std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs, const QString& path) {
     const QString name = shownName(path);
     QFile file(path);
     if (!file.exists())

@@ -16,7 +16,9 @@ bool LineReader::fill() {
     return !buffer.isEmpty();
 }
 
-bool LineReader::atEnd() { return !fill(); }
+bool LineReader::atEnd() {
+    return !fill();
+}
 
 LineReader::Line LineReader::readLine(qint64 keep) {
     Line line;

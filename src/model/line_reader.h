@@ -7,7 +7,7 @@ class QIODevice;
 // Reads lines that end at a carriage return, skipping one line feed right after it; a lone
 // line feed belongs to the line. Reads in blocks, so a file costs time linear in its size.
 class LineReader {
-public:
+  public:
     explicit LineReader(QIODevice& device) : device(device) {}
 
     bool atEnd();
@@ -19,7 +19,7 @@ public:
     };
     Line readLine(qint64 keep);
 
-private:
+  private:
     bool fill();
 
     QIODevice& device;

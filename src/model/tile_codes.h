@@ -21,4 +21,6 @@ inline constexpr int FileBorder = 7;  // floor cells the file adds on every side
 // any screen, still a few megabytes of state, and a whole redraw stays well under a second.
 inline constexpr int MaxLevelSide = 1000;
 
-constexpr bool isWallPiece(int code) { return code >= FirstWallPiece && code <= LastWallPiece; }
+constexpr bool isWallPiece(int code) {
+    return code >= FirstWallPiece && code <= LastWallPiece;
+}

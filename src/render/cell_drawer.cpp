@@ -84,5 +84,9 @@ int drawStraightVariant(RandomGenerator& random, int first) {
 }
 }  // namespace
 
-int CellDrawer::RandomVariant() { return drawStraightVariant(random, 1); }
-int CellDrawer::RandomVariant2() { return drawStraightVariant(random, 5); }
+int CellDrawer::RandomVariant() {
+    return drawStraightVariant(random, 1);
+}
+int CellDrawer::RandomVariant2() {
+    return drawStraightVariant(random, 5);
+}

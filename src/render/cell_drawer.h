@@ -6,7 +6,7 @@ class SpritePainter;
 
 // Applies a palette tool to one cell and renews the wall pieces of its four neighbours.
 class CellDrawer {
-public:
+  public:
     CellDrawer(Level& level, SpritePainter& sprites, RandomGenerator& random)
         : level(level), sprites(sprites), random(random) {}
 
@@ -17,7 +17,7 @@ public:
     int RandomVariant();   // 1 with probability 1/2, else 2, 3 or 4
     int RandomVariant2();  // 5 with probability 1/2, else 6, 7 or 8
 
-private:
+  private:
     Level& level;
     SpritePainter& sprites;
     RandomGenerator& random;

@@ -49,8 +49,8 @@ void MapCanvas::paint(QPainter& painter, const QRect& exposed, const SpriteSheet
             if (cell == Cleared) continue;
             // Cells stored here were fetched from the sheet before they were drawn.
             const QRect source = sheet.cellRect(cell);
-            painter.drawImage(QRect(target.topLeft(), picture),
-                              sheet.image(), QRect(source.topLeft(), picture));
+            painter.drawImage(QRect(target.topLeft(), picture), sheet.image(),
+                              QRect(source.topLeft(), picture));
         }
     }
     painter.restore();

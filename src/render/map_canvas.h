@@ -15,7 +15,7 @@ inline constexpr QRgb MapBackground = qRgb(204, 204, 204);
 // What the map surface shows, one entry per map cell: the sheet cell last drawn there, or
 // Cleared for the grey background. Pixels exist only while a widget paints an exposed part.
 class MapCanvas {
-public:
+  public:
     static constexpr qint16 Cleared = -1;
 
     // A surface of columns x rows map cells (64 pixels each), all cleared.
@@ -40,7 +40,7 @@ public:
         changed = std::move(listener);
     }
 
-private:
+  private:
     int width = 0;
     int height = 0;
     std::vector<qint16> cells;

@@ -13,7 +13,9 @@ QRect dotRect(int x, int y) {
             MinimapCellSize};
 }
 // The cell whose dot covers surface pixel p.
-int dotIndex(int p) { return (p + DotReach) / MinimapCellSize; }
+int dotIndex(int p) {
+    return (p + DotReach) / MinimapCellSize;
+}
 }  // namespace
 
 void MinimapCanvas::resize(int columns, int rows) {

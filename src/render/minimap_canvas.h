@@ -14,7 +14,7 @@ inline constexpr QRgb MinimapBackground = qRgb(184, 221, 239);
 // What the minimap surface shows: one dot colour per level cell, including the margin column
 // and row whose dots are half on the surface, and the persistent drawing colour.
 class MinimapCanvas {
-public:
+  public:
     explicit MinimapCanvas(QRgb initialDrawingColour = qRgb(0, 0, 0))
         : drawing(initialDrawingColour) {}
 
@@ -42,7 +42,7 @@ public:
         changed = std::move(listener);
     }
 
-private:
+  private:
     int width = 0;
     int height = 0;
     QRgb drawing;

@@ -10,8 +10,8 @@ struct DotColour {
 };
 // Tested in this order: the items lie inside the room range and must win over it.
 constexpr DotColour DotColours[] = {
-    {23, 29, qRgb(128, 0, 0)},   {124, 127, qRgb(0, 0, 255)}, {30, 133, qRgb(0, 128, 0)},
-    {134, 134, qRgb(0, 128, 128)}, {1, 22, qRgb(0, 0, 0)},    {135, 138, qRgb(255, 0, 0)},
+    {23, 29, qRgb(128, 0, 0)},     {124, 127, qRgb(0, 0, 255)}, {30, 133, qRgb(0, 128, 0)},
+    {134, 134, qRgb(0, 128, 128)}, {1, 22, qRgb(0, 0, 0)},      {135, 138, qRgb(255, 0, 0)},
 };
 }  // namespace
 

@@ -14,14 +14,20 @@ struct RoomBlock {
     int sharedColumn;  // bottom-row position painted with the shared doorway cell
 };
 constexpr RoomBlock RoomBlocks[RoomCount] = {
-    {30, 3, 4, 1}, {33, 3, 4, 1}, {70, 3, 4, 1},  {73, 3, 4, 1},
+    {30, 3, 4, 1}, {33, 3, 4, 1}, {70, 3, 4, 1}, {73, 3, 4, 1},
     {36, 4, 3, 1}, {66, 4, 3, 1}, {96, 4, 3, 2}, {110, 4, 3, 1},
 };
-bool knownRoom(int room) { return room >= 0 && room < RoomCount; }
+bool knownRoom(int room) {
+    return room >= 0 && room < RoomCount;
+}
 }  // namespace
 
-int RoomBlockColumns(int room) { return knownRoom(room) ? RoomBlocks[room].columns : 0; }
-int RoomBlockRows(int room) { return knownRoom(room) ? RoomBlocks[room].rows : 0; }
+int RoomBlockColumns(int room) {
+    return knownRoom(room) ? RoomBlocks[room].columns : 0;
+}
+int RoomBlockRows(int room) {
+    return knownRoom(room) ? RoomBlocks[room].rows : 0;
+}
 
 int RoomBlockCode(int room, int dx, int dy) {
     if (!knownRoom(room)) return -1;

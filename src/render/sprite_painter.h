@@ -10,7 +10,7 @@ inline constexpr int RoomCount = 8;
 // The one write path of the editor: storing a code, drawing its sheet cell on the map and
 // plotting its minimap dot are one step, so grid, map and minimap never disagree.
 class SpritePainter {
-public:
+  public:
     SpritePainter(Level& level, const SpriteSheet& sheet, MapCanvas& map, MinimapCanvas& minimap)
         : level(level), sheet(sheet), map(map), minimap(minimap) {}
 
@@ -20,7 +20,7 @@ public:
     // Lays room 0..7 as its block with the top-left cell on (x, y), row by row.
     void PaintTileSprite(int x, int y, int room);
 
-private:
+  private:
     Level& level;
     const SpriteSheet& sheet;
     MapCanvas& map;

@@ -11,7 +11,7 @@ inline constexpr char SpriteSheetFileName[] = "EditPic.jpg";
 
 // Asking for a sheet cell that does not exist: codes outside 0..139 have no picture.
 class SheetCellError : public std::out_of_range {
-public:
+  public:
     explicit SheetCellError(int cell);
     int cell;
 };
@@ -19,7 +19,7 @@ public:
 // Holds the sprite sheet and cuts it into 10 x 14 equal cells of width / 10 by height / 14,
 // numbered row by row from the top-left. A 640 x 896 sheet gives cells of one map cell.
 class SpriteSheet {
-public:
+  public:
     SpriteSheet() = default;
     explicit SpriteSheet(QImage image);
 
@@ -28,6 +28,6 @@ public:
     // Pixels of cell n on the sheet; throws SheetCellError for n outside 0..139.
     QRect cellRect(int n) const;
 
-private:
+  private:
     QImage sheet;
 };

@@ -42,7 +42,7 @@ class LevelModelTest : public QObject {
     QTemporaryDir dir;
     QString path() const { return dir.filePath("level99.VRK"); }
 
-private slots:
+  private slots:
     void writesTheExactBytesAndReadsThemBack() {
         Level level;
         level.Allocate(20, 20);
@@ -96,7 +96,11 @@ private slots:
         QVERIFY(dialogs.shown.isEmpty());  // ending after line 3 is silent
 
         // A short first row: the message for row 0 and an all-floor level.
-        writeAll(path(), levelFile(4, 3, {"1111", "111", "1111"}).replace("0000000" "1111", "000000" "1111"));
+        writeAll(path(), levelFile(4, 3, {"1111", "111", "1111"})
+                             .replace("0000000"
+                                      "1111",
+                                      "000000"
+                                      "1111"));
         QVERIFY(!ReadLevelFile(level, dialogs, path()));
         QCOMPARE(dialogs.shown.value(0), "error||NEODPOVIDA DELKA RADKU 0 V level99.VRK!");
         for (int y = 0; y < 3; ++y)
@@ -105,7 +109,12 @@ private slots:
         // A short third row keeps rows 0 and 1; the last hero in reading order wins;
         // a lone LF is a byte of its line; bytes below "0" give negative codes.
         dialogs.shown.clear();
-        writeAll(path(), levelFile(4, 4, {"\xb7" "1/A", "2\n\xb7" "3", "12", "4444"}));
+        writeAll(path(), levelFile(4, 4,
+                                   {"\xb7"
+                                    "1/A",
+                                    "2\n\xb7"
+                                    "3",
+                                    "12", "4444"}));
         QVERIFY(!ReadLevelFile(level, dialogs, path()));
         QCOMPARE(dialogs.shown, QStringList{"error||NEODPOVIDA DELKA RADKU 2 V level99.VRK!"});
         QCOMPARE(level.cell(0, 0), HeroCode);
@@ -167,13 +176,13 @@ private slots:
         writeAll(file, "old level");
         Level level;
         level.Allocate(20, 20);
-        QVERIFY(QFile::setPermissions(folder.path(), QFileDevice::ReadOwner | QFileDevice::ExeOwner |
-                                                         QFileDevice::ReadOther |
-                                                         QFileDevice::ExeOther));
+        QVERIFY(QFile::setPermissions(
+            folder.path(), QFileDevice::ReadOwner | QFileDevice::ExeOwner | QFileDevice::ReadOther |
+                               QFileDevice::ExeOther));
         if (geteuid() == 0) {
             // Root writes anywhere: try it as an ordinary user in a child process.
-            QVERIFY(QFile::setPermissions(dir.path(), QFile::permissions(dir.path()) |
-                                                          QFileDevice::ExeOther));
+            QVERIFY(QFile::setPermissions(dir.path(),
+                                          QFile::permissions(dir.path()) | QFileDevice::ExeOther));
             const pid_t child = fork();
             if (child == 0) {
                 const bool refused = setgid(65534) == 0 && setuid(65534) == 0 &&
@@ -188,8 +197,8 @@ private slots:
             QVERIFY(reason && reason->contains("level99.VRK"));
         }
         QCOMPARE(readAll(file), QByteArray("old level"));
-        QFile::setPermissions(folder.path(), QFile::permissions(folder.path()) |
-                                                 QFileDevice::WriteOwner);
+        QFile::setPermissions(folder.path(),
+                              QFile::permissions(folder.path()) | QFileDevice::WriteOwner);
 
         // A directory where the file should be.
         QVERIFY(QDir(folder.path()).mkdir("sub"));

@@ -9,7 +9,7 @@
 // Records every message box as "style|title|prompt" and answers questions from a script
 // (Yes when the script has run out).
 class RecordingDialogs : public Dialogs {
-public:
+  public:
     QStringList shown;
     std::deque<bool> answers;
 

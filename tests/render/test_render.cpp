@@ -1,0 +1,287 @@
+#include "level.h"
+#include "level_renderer.h"
+#include "minimap_dots.h"
+#include "sprite_sheet.h"
+#include "tile_codes.h"
+
+#include <QPainter>
+#include <QTest>
+
+#include <map>
+
+namespace {
+
+// Sheet cell n is filled with a colour of its own, so painted pixels name their cell.
+QRgb cellColour(int n) {
+    return qRgb(n, 255 - n, 99);
+}
+SpriteSheet numberedSheet(int cellSide = TileSize) {
+    QImage image(SheetColumns * cellSide, SheetRows * cellSide, QImage::Format_RGB32);
+    QPainter painter(&image);
+    for (int n = 0; n < SheetCellCount; ++n)
+        painter.fillRect((n % 10) * cellSide, (n / 10) * cellSide, cellSide, cellSide,
+                         QColor(cellColour(n)));
+    return SpriteSheet(image);
+}
+
+struct Fixture {
+    explicit Fixture(int width, int height) : renderer(level, sheet) {
+        level.Allocate(width, height);
+        renderer.map.resize(width, height);
+        renderer.minimap.resize(width, height);
+    }
+    void draw(int x, int y, int tool) { renderer.cells.DrawCell(x, y, tool); }
+    int at(int x, int y) const { return level.cell(x, y); }
+    Level level;
+    SpriteSheet sheet = numberedSheet();
+    LevelRenderer renderer;
+};
+
+// The frame of a new level as the wall rules predict it, computed without the editor's code.
+std::map<std::pair<int, int>, int> predictedFrame(int w, int h) {
+    std::map<std::pair<int, int>, int> wall;
+    std::uint64_t state = 327680;
+    auto draw = [&] {
+        state = (state * 1140671485 + 12820163) & 0xFFFFFF;
+        return float(state) / 16777216.0f;
+    };
+    auto isWall = [&](int x, int y) {
+        return x > 0 && x < w && y > 0 && y < h && wall.count({x, y}) ? '1' : '0';
+    };
+    const std::map<std::string, int> pieces = {
+        {"0000", 14}, {"1000", 17}, {"0100", 15}, {"0010", 18}, {"0001", 16},
+        {"1100", 20}, {"0110", 21}, {"0011", 22}, {"1001", 19}, {"1110", 10},
+        {"0111", 12}, {"1011", 9},  {"1101", 11}, {"1111", 13}};
+    auto shape = [&](int x, int y) {
+        const std::string key = {isWall(x - 1, y), isWall(x, y + 1), isWall(x + 1, y),
+                                 isWall(x, y - 1)};
+        int first = key == "1010" ? 1 : key == "0101" ? 5 : 0;
+        if (first)
+            wall[{x, y}] = draw() * 1000.0f < 500.0f ? first : first + 1 + int(draw() * 3);
+        else
+            wall[{x, y}] = pieces.at(key);
+    };
+    auto drawWall = [&](int x, int y) {
+        shape(x, y);
+        const int around[4][2] = {{x - 1, y}, {x, y + 1}, {x + 1, y}, {x, y - 1}};
+        for (auto& n : around)
+            if (isWall(n[0], n[1]) == '1') shape(n[0], n[1]);
+    };
+    for (int x = 1; x <= w - 2; ++x) drawWall(x, 1), drawWall(x, h - 2);
+    for (int y = 1; y <= h - 2; ++y) drawWall(1, y), drawWall(w - 2, y);
+    return wall;
+}
+
+}  // namespace
+
+class RenderTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void wallsJoinTheirNeighbours() {
+        Fixture f(20, 20);
+        f.draw(5, 5, WallToolCode);
+        QCOMPARE(f.at(5, 5), 14);
+        f.draw(6, 5, WallToolCode);
+        QCOMPARE(f.at(6, 5), 17);
+        QCOMPARE(f.at(5, 5), 18);
+        f.draw(7, 5, WallToolCode);
+        QCOMPARE(f.at(7, 5), 17);
+        QVERIFY(f.at(6, 5) >= 1 && f.at(6, 5) <= 4);
+        QCOMPARE(f.at(5, 5), 18);  // not a neighbour of (7, 5)
+        f.draw(6, 5, FloorCode);
+        QCOMPARE(f.at(6, 5), 0);
+        QCOMPARE(f.at(5, 5), 14);
+        QCOMPARE(f.at(7, 5), 14);
+
+        // Junctions and the crossing around (5, 10); a diagonal is never reshaped.
+        for (auto [x, y] : {std::pair{4, 10}, {6, 10}, {5, 11}, {5, 9}}) f.draw(x, y, 1);
+        f.draw(5, 10, 1);
+        QCOMPARE(f.at(5, 10), 13);
+        f.draw(5, 9, 0);
+        QCOMPARE(f.at(5, 10), 10);
+        f.draw(5, 9, 1);
+        f.draw(5, 11, 0);
+        QCOMPARE(f.at(5, 10), 9);
+        f.draw(4, 11, 1);
+        QCOMPARE(f.at(4, 10), 21);  // walls below and to the right: "0110"
+        QCOMPARE(f.at(5, 10), 9);   // diagonal to (4, 11)
+
+        // A vertical run, and column 0 that never counts as a neighbour.
+        for (int y = 3; y <= 5; ++y) f.draw(10, y, 1);
+        QCOMPARE(f.at(10, 3), 15);
+        QVERIFY(f.at(10, 4) >= 5 && f.at(10, 4) <= 8);
+        QCOMPARE(f.at(10, 5), 16);
+        f.level.setCell(0, 8, 1);
+        f.draw(1, 8, 1);
+        QCOMPARE(f.at(1, 8), 14);
+
+        // A room reshapes only the neighbours of its top-left cell.
+        f.draw(4, 15, 1), f.draw(5, 15, 1), f.draw(7, 16, 1), f.draw(8, 16, 1);
+        QCOMPARE(f.at(4, 15), 18);
+        QCOMPARE(f.at(8, 16), 17);
+        f.draw(5, 15, 2);
+        QCOMPARE(f.at(5, 15), 30);
+        QCOMPARE(f.at(4, 15), 14);
+        QCOMPARE(f.at(7, 16), 42);
+        QCOMPARE(f.at(8, 16), 17);
+
+        // A tool outside the table paints nothing but still reshapes the neighbours.
+        const std::uint32_t before = f.renderer.random.state();
+        f.draw(11, 4, 50);
+        QCOMPARE(f.at(11, 4), 0);
+        QVERIFY(f.renderer.random.state() != before);  // (10, 4) was shaped anew
+    }
+
+    void heroToolKeepsOneHero() {
+        Fixture f(20, 20);
+        f.level.setCell(12, 7, HeroCode);
+        f.level.HeroX = 12, f.level.HeroY = 7;
+        f.draw(13, 7, 1), f.draw(14, 7, 1);
+        f.draw(3, 3, HeroCode);
+        QCOMPARE(f.at(12, 7), 0);
+        QCOMPARE(f.at(3, 3), HeroCode);
+        QCOMPARE(f.level.HeroX.value_or(-1), 3);
+        QCOMPARE(f.at(13, 7), 18);  // walls next to the old hero cell keep their pieces
+        f.draw(3, 3, HeroCode);
+        QCOMPARE(f.at(3, 3), HeroCode);
+        Fixture fresh(20, 20);
+        fresh.draw(4, 4, HeroCode);
+        QCOMPARE(fresh.at(0, 0), 0);
+        QCOMPARE(fresh.renderer.map.cellAt(0, 0), 0);  // unset reads as (0, 0)
+    }
+
+    void generatorFollowsItsFormula() {
+        RandomGenerator random;
+        std::uint64_t x = 327680;
+        for (int i = 0; i < 5; ++i) {
+            x = (1140671485ull * x + 12820163ull) % 16777216ull;
+            QCOMPARE(random.next(), float(x) / 16777216.0f);
+        }
+        Fixture f(3, 3);
+        int counts[9] = {};
+        for (int i = 0; i < 60000; ++i) {
+            RandomGenerator oneDraw = f.renderer.random;  // piece 1 costs one draw, others two
+            oneDraw.next();
+            const int piece = f.renderer.cells.RandomVariant();
+            QCOMPARE(piece == 1, oneDraw.state() == f.renderer.random.state());
+            ++counts[piece];
+            ++counts[f.renderer.cells.RandomVariant2()];
+        }
+        for (int piece : {1, 5}) QVERIFY(qAbs(counts[piece] - 30000) < 600);
+        for (int piece : {2, 3, 4, 6, 7, 8}) QVERIFY(qAbs(counts[piece] - 10000) < 500);
+    }
+
+    void redrawPaintsTheLevelAndItsFrame() {
+        Fixture f(20, 20);
+        int presses = 0;
+        f.renderer.RedrawLevelCells([&] { return ++presses, WallToolCode; });
+        QCOMPARE(presses, 1);
+        const auto frame = predictedFrame(20, 20);
+        for (int y = 0; y <= 20; ++y) {
+            for (int x = 0; x <= 20; ++x) {
+                const auto piece = frame.find({x, y});
+                QCOMPARE(f.at(x, y), piece == frame.end() ? 0 : piece->second);
+                if (x < 20 && y < 20) QCOMPARE(f.renderer.map.cellAt(x, y), f.at(x, y));
+            }
+        }
+        QCOMPARE(f.renderer.map.pixelSize(), QSize(1280, 1280));
+        QCOMPARE(f.renderer.minimap.pixelSize(), QSize(120, 120));
+        QCOMPARE(f.renderer.minimap.dotAt(1, 1), qRgb(0, 0, 0));
+        QCOMPARE(f.renderer.minimap.dotAt(5, 5), MinimapBackground);
+
+        Fixture tiny(3, 3);
+        tiny.renderer.RedrawLevelCells([] { return WallToolCode; });
+        QCOMPARE(tiny.at(1, 1), 14);
+
+        // A code without a picture stops the redraw; what was painted stays painted.
+        Fixture bad(6, 6);
+        bad.level.setCell(2, 3, 200);
+        bad.level.setCell(1, 1, 25);
+        bool pressed = false;
+        QVERIFY_THROWS_EXCEPTION(SheetCellError,
+                                 bad.renderer.RedrawLevelCells([&] { return pressed = true, 1; }));
+        QVERIFY(!pressed);
+        QCOMPARE(bad.renderer.map.cellAt(1, 1), 25);
+        QCOMPARE(bad.renderer.map.cellAt(2, 2), 0);
+        QCOMPARE(bad.renderer.map.cellAt(2, 3), MapCanvas::Cleared);
+        QCOMPARE(bad.at(2, 3), 200);
+    }
+
+    void roomsAreLaidAsBlocks() {
+        Fixture f(20, 20);
+        f.renderer.sprites.PaintTileSprite(5, 5, 0);
+        const int roomA[4][3] = {{30, 31, 32}, {40, 41, 42}, {50, 51, 52}, {60, 114, 62}};
+        for (int dy = 0; dy < 4; ++dy)
+            for (int dx = 0; dx < 3; ++dx) QCOMPARE(f.at(5 + dx, 5 + dy), roomA[dy][dx]);
+        QCOMPARE(f.renderer.minimap.dotAt(6, 8), qRgb(0, 128, 0));
+        f.renderer.sprites.PaintTileSprite(5, 5, 6);
+        const int roomGBottom[4] = {116, 117, 114, 119};
+        for (int dx = 0; dx < 4; ++dx) QCOMPARE(f.at(5 + dx, 7), roomGBottom[dx]);
+        f.renderer.sprites.PaintTileSprite(17, 10, 7);  // fourth column in the margin
+        QCOMPARE(f.at(20, 10), 113);
+        f.renderer.sprites.PaintTileSprite(19, 12, 7);  // cut off at the right
+        QCOMPARE(f.at(19, 12), 110);
+        QCOMPARE(f.at(20, 12), 111);
+        QCOMPARE(f.at(0, 13), 0);
+    }
+
+    void minimapColoursFollowTheTable() {
+        Fixture f(30, 20);
+        const std::pair<int, QRgb> cases[] = {
+            {127, qRgb(0, 0, 255)},   {128, qRgb(0, 128, 0)}, {123, qRgb(0, 128, 0)},
+            {124, qRgb(0, 0, 255)},   {22, qRgb(0, 0, 0)},    {23, qRgb(128, 0, 0)},
+            {29, qRgb(128, 0, 0)},    {30, qRgb(0, 128, 0)},  {133, qRgb(0, 128, 0)},
+            {134, qRgb(0, 128, 128)}, {135, qRgb(255, 0, 0)}, {138, qRgb(255, 0, 0)},
+            {0, MinimapBackground}};
+        for (auto [code, colour] : cases) {
+            f.renderer.sprites.PaintSprite(25, 5, code);  // beyond the height, inside the width
+            QCOMPARE(f.renderer.minimap.dotAt(25, 5), colour);
+        }
+        PlotMinimapCell(f.renderer.minimap, 2, 2, 1);
+        PlotMinimapCell(f.renderer.minimap, 3, 3, 200);
+        QCOMPARE(f.renderer.minimap.dotAt(3, 3), qRgb(0, 0, 0));
+        PlotMinimapCell(f.renderer.minimap, 2, 2, 0);
+        PlotMinimapCell(f.renderer.minimap, 3, 3, 200);
+        QCOMPARE(f.renderer.minimap.dotAt(3, 3), MinimapBackground);
+
+        // The painter's bounds include the margin and nothing beyond it.
+        f.renderer.sprites.PaintSprite(-1, 4, 25);
+        f.renderer.sprites.PaintSprite(31, 4, 25);
+        QCOMPARE(f.at(0, 4), 0);
+        f.renderer.sprites.PaintSprite(30, 20, 25);
+        QCOMPARE(f.at(30, 20), 25);
+    }
+
+    void canvasesPaintWhatWasDrawn() {
+        Fixture f(5, 4);
+        f.renderer.sprites.PaintSprite(3, 2, 25);
+        f.renderer.sprites.PaintSprite(0, 0, 0);
+        QImage image(5 * 64, 4 * 64, QImage::Format_RGB32);
+        image.fill(Qt::magenta);
+        QPainter painter(&image);
+        f.renderer.map.paint(painter, QRect(0, 0, 256, 256), f.sheet);
+        QCOMPARE(image.pixel(192, 128), cellColour(25));
+        QCOMPARE(image.pixel(255, 191), cellColour(25));
+        QCOMPARE(image.pixel(63, 63), cellColour(0));
+        QCOMPARE(image.pixel(100, 100), MapBackground);
+        QCOMPARE(image.pixel(256, 10), QColor(Qt::magenta).rgb());  // outside the exposed part
+
+        f.renderer.minimap.paint(painter, QRect(0, 0, 30, 24));
+        QCOMPARE(image.pixel(3 * 6 - 3, 2 * 6 + 2), qRgb(128, 0, 0));
+        QCOMPARE(image.pixel(3 * 6 + 3, 2 * 6), MinimapBackground);
+
+        // A sheet of another size: each cell at its own size, kept inside its square.
+        for (int side : {32, 128}) {
+            const SpriteSheet other = numberedSheet(side);
+            image.fill(Qt::magenta);
+            f.renderer.map.paint(painter, QRect(192, 128, 64, 64), other);
+            QCOMPARE(image.pixel(192 + 20, 128 + 20), cellColour(25));
+            QCOMPARE(image.pixel(192 + 40, 128 + 40), side == 32 ? MapBackground : cellColour(25));
+        }
+        QVERIFY_THROWS_EXCEPTION(SheetCellError, f.sheet.cellRect(140));
+    }
+};
+
+QTEST_GUILESS_MAIN(RenderTest)
+#include "test_render.moc"
