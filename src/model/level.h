@@ -27,6 +27,10 @@ class Level {
     // Only the file reader and the sprite painter write cells.
     void setCell(int x, int y, qint16 code) { LevelGrid[index(x, y)] = code; }
 
+    // A row of the level proper, for the file reader and writer, which go row by row.
+    qint16* row(int y) { return LevelGrid.data() + index(0, y); }
+    const qint16* row(int y) const { return LevelGrid.data() + index(0, y); }
+
     int heroXOrOrigin() const { return HeroX.value_or(0); }
     int heroYOrOrigin() const { return HeroY.value_or(0); }
 

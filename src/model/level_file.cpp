@@ -9,6 +9,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
 constexpr int SizeLineAllowance = 2 * FileBorder;
@@ -42,7 +45,7 @@ std::optional<LevelFileRefusal> readHeader(LineReader& reader, const QString& na
                 QStringLiteral("Soubor %1 nemá ani tři řádky, level v něm není.").arg(name)};
         const LineReader::Line line = reader.readLine(LongestSizeLine + 1);
         const std::optional<qint16> value =
-            line.length > LongestSizeLine ? std::nullopt : parseSizeLine(line.text);
+            line.length > LongestSizeLine ? std::nullopt : parseSizeLine(line.text.toByteArray());
         if (!value)
             return LevelFileRefusal{
                 QStringLiteral("Soubor %1: na řádku %2 není celé číslo (rozměr levelu).")
@@ -88,14 +91,14 @@ std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs, co
             dialogs.error(QStringLiteral("NEODPOVIDA DELKA RADKU %1 V %2!").arg(y).arg(name));
             break;
         }
-        for (int x = 0; x < header.width; ++x) {
-            const auto byte = static_cast<unsigned char>(line.text[FileBorder + x]);
-            const auto code = static_cast<qint16>(byte - FileCodeOffset);
-            level.setCell(x, y, code);
-            if (code == HeroCode) {
-                level.HeroX = x;
-                level.HeroY = y;
-            }
+        const auto* bytes = reinterpret_cast<const unsigned char*>(line.text.data()) + FileBorder;
+        qint16* cells = level.row(y);
+        for (int x = 0; x < header.width; ++x)
+            cells[x] = static_cast<qint16>(bytes[x] - FileCodeOffset);
+        // The last hero in reading order wins.
+        if (const void* hero = memrchr(bytes, FileCodeOffset + HeroCode, header.width)) {
+            level.HeroX = static_cast<int>(static_cast<const unsigned char*>(hero) - bytes);
+            level.HeroY = y;
         }
     }
     return std::nullopt;
@@ -104,23 +107,24 @@ std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs, co
 QByteArray EncodeLevelFile(const Level& level) {
     const int width = level.GridWidth;
     const int height = level.GridHeight;
-    const QByteArray sizeWidth = ' ' + QByteArray::number(width + SizeLineAllowance) + ' ';
-    const QByteArray sizeHeight = ' ' + QByteArray::number(height + SizeLineAllowance) + ' ';
-    const QByteArray fullBorder(width + SizeLineAllowance, '0');
-    const QByteArray sideBorder(FileBorder, '0');
-    const QByteArray lineEnd("\r\n");
-
-    QByteArray bytes;
-    bytes.reserve((height + 3 * FileBorder) * (width + SizeLineAllowance + 2) + 32);
-    bytes += "1" + lineEnd + sizeWidth + lineEnd + sizeHeight + lineEnd;
-    for (int i = 0; i < FileBorder; ++i) bytes += fullBorder + lineEnd;
-    for (int y = 0; y < height; ++y) {
-        bytes += sideBorder;
-        for (int x = 0; x < width; ++x)
-            bytes += static_cast<char>(FileCodeOffset + level.cell(x, y));
-        bytes += sideBorder + lineEnd;
+    const qsizetype lineLength = width + SizeLineAllowance;
+    const QByteArray sizeLines = "1\r\n " + QByteArray::number(width + SizeLineAllowance) +
+                                 " \r\n " + QByteArray::number(height + SizeLineAllowance) +
+                                 " \r\n";
+    const qsizetype lines = height + 2 * FileBorder;
+    QByteArray bytes(sizeLines.size() + lines * (lineLength + 2), '0');
+    char* out = std::copy(sizeLines.begin(), sizeLines.end(), bytes.data());
+    // Every line is "0" bytes but for its cells and its ending.
+    for (qsizetype line = 0; line < lines; ++line, out += lineLength + 2) {
+        const qsizetype y = line - FileBorder;
+        if (y >= 0 && y < height) {
+            const qint16* cells = level.row(static_cast<int>(y));
+            for (int x = 0; x < width; ++x)
+                out[FileBorder + x] = static_cast<char>(FileCodeOffset + cells[x]);
+        }
+        out[lineLength] = '\r';
+        out[lineLength + 1] = '\n';
     }
-    for (int i = 0; i < FileBorder; ++i) bytes += fullBorder + lineEnd;
     return bytes;
 }
 

@@ -10,10 +10,16 @@ constexpr qint64 BlockSize = 1 << 16;
 }
 
 bool LineReader::fill() {
-    if (position < buffer.size()) return true;
-    buffer = device.read(BlockSize);
-    position = 0;
-    return !buffer.isEmpty();
+    for (;;) {
+        if (position >= buffer.size()) {
+            buffer = device.read(BlockSize);
+            position = 0;
+            if (buffer.isEmpty()) return false;
+        }
+        if (!skipLineFeed) return true;
+        skipLineFeed = false;  // a line feed right after a carriage return ends that line too
+        if (buffer.at(position) == '\n') ++position;
+    }
 }
 
 bool LineReader::atEnd() {
@@ -22,19 +28,28 @@ bool LineReader::atEnd() {
 
 LineReader::Line LineReader::readLine(qint64 keep) {
     Line line;
+    bool gathered = false;
+    pieces.clear();
     while (fill()) {
         const char* start = buffer.constData() + position;
         const qsizetype available = buffer.size() - position;
         const void* found = memchr(start, '\r', static_cast<size_t>(available));
         const qsizetype take = found ? static_cast<const char*>(found) - start : available;
-        const qint64 room = keep - line.text.size();
-        if (room > 0) line.text.append(start, static_cast<qsizetype>(std::min<qint64>(room, take)));
+        const qsizetype kept = static_cast<qsizetype>(
+            std::clamp<qint64>(keep - line.length, 0, static_cast<qint64>(take)));
+        if (!gathered && found) {
+            line.text = QByteArrayView(start, kept);  // the whole line lies in this block
+        } else {
+            gathered = true;
+            pieces.append(start, kept);
+        }
         line.length += take;
         position += take;
         if (!found) continue;
         ++position;  // the carriage return
-        if (fill() && buffer.at(position) == '\n') ++position;
+        skipLineFeed = true;
         break;
     }
+    if (gathered) line.text = QByteArrayView(pieces);
     return line;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 
 class QIODevice;
 
@@ -12,9 +13,10 @@ class LineReader {
 
     bool atEnd();
     // The next line without its ending. At most `keep` bytes are kept; `length` is the line's
-    // whole length, so an overlong line is measured without being held in memory.
+    // whole length, so an overlong line is measured without being held in memory. The text
+    // stays valid until the next call of readLine or atEnd.
     struct Line {
-        QByteArray text;
+        QByteArrayView text;
         qint64 length = 0;
     };
     Line readLine(qint64 keep);
@@ -24,5 +26,7 @@ class LineReader {
 
     QIODevice& device;
     QByteArray buffer;
+    QByteArray pieces;  // a line that spans blocks is gathered here
     qsizetype position = 0;
+    bool skipLineFeed = false;
 };

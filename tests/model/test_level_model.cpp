@@ -80,8 +80,18 @@ class LevelModelTest : public QObject {
         for (int y = 0; y < 20; ++y)
             for (int x = 0; x < 30; ++x) QCOMPARE(back.cell(x, y), wide.cell(x, y));
         QCOMPARE(back.cell(30, 20), 0);  // the margin is never in the file
+
         QCOMPARE(back.HeroX.value_or(-1), 12);
         QCOMPARE(back.HeroY.value_or(-1), 7);
+        // The widest level: its lines cross the reader's blocks.
+        Level widest;
+        widest.Allocate(MaxLevelSide, 80);
+        for (int y = 0; y < 80; ++y)
+            for (int x = 0; x < MaxLevelSide; x += 7) widest.setCell(x, y, static_cast<qint16>(y));
+        QVERIFY(!WriteLevelFile(widest, path()));
+        QVERIFY(!ReadLevelFile(back, dialogs, path()));
+        QVERIFY(dialogs.shown.isEmpty());
+        QCOMPARE(EncodeLevelFile(back), EncodeLevelFile(widest));
     }
 
     void readsWhatPeopleWriteByHand() {
