@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+
+// The frame of a new level as the wall rules predict it, computed without the editor's code.
+inline std::map<std::pair<int, int>, int> predictedFrame(int w, int h) {
+    std::map<std::pair<int, int>, int> wall;
+    std::uint64_t state = 327680;
+    auto draw = [&] {
+        state = (state * 1140671485 + 12820163) & 0xFFFFFF;
+        return float(state) / 16777216.0f;
+    };
+    auto isWall = [&](int x, int y) {
+        return x > 0 && x < w && y > 0 && y < h && wall.count({x, y}) ? '1' : '0';
+    };
+    const std::map<std::string, int> pieces = {
+        {"0000", 14}, {"1000", 17}, {"0100", 15}, {"0010", 18}, {"0001", 16},
+        {"1100", 20}, {"0110", 21}, {"0011", 22}, {"1001", 19}, {"1110", 10},
+        {"0111", 12}, {"1011", 9},  {"1101", 11}, {"1111", 13}};
+    auto shape = [&](int x, int y) {
+        const std::string key = {isWall(x - 1, y), isWall(x, y + 1), isWall(x + 1, y),
+                                 isWall(x, y - 1)};
+        int first = key == "1010" ? 1 : key == "0101" ? 5 : 0;
+        if (first)
+            wall[{x, y}] = draw() * 1000.0f < 500.0f ? first : first + 1 + int(draw() * 3);
+        else
+            wall[{x, y}] = pieces.at(key);
+    };
+    auto drawWall = [&](int x, int y) {
+        shape(x, y);
+        const int around[4][2] = {{x - 1, y}, {x, y + 1}, {x + 1, y}, {x, y - 1}};
+        for (auto& n : around)
+            if (isWall(n[0], n[1]) == '1') shape(n[0], n[1]);
+    };
+    for (int x = 1; x <= w - 2; ++x) drawWall(x, 1), drawWall(x, h - 2);
+    for (int y = 1; y <= h - 2; ++y) drawWall(1, y), drawWall(w - 2, y);
+    return wall;
+}
+
