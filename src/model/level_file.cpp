@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QIODevice>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -73,13 +74,14 @@ std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs, co
     if (!file.open(QIODevice::ReadOnly))
         return LevelFileRefusal{
             QStringLiteral("Soubor %1 nelze otevřít: %2").arg(name, file.errorString())};
-    LineReader reader(file);
+    return ReadLevelFrom(level, dialogs, file, name);
+}
 
+std::optional<LevelFileRefusal> ReadLevelFrom(Level& level, Dialogs& dialogs, QIODevice& device,
+                                              const QString& name) {
+    LineReader reader(device);
     Header header;
     if (auto refusal = readHeader(reader, name, header)) return refusal;
-    if (file.error() != QFileDevice::NoError)
-        return LevelFileRefusal{
-            QStringLiteral("Soubor %1 nelze přečíst: %2").arg(name, file.errorString())};
 
     level.Allocate(header.width, header.height);
     const qint64 lineLength = header.width + SizeLineAllowance;

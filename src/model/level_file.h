@@ -5,6 +5,7 @@
 #include <optional>
 
 class Dialogs;
+class QIODevice;
 class Level;
 
 inline constexpr char LevelFileName[] = "level99.VRK";
@@ -21,6 +22,10 @@ struct LevelFileRefusal {
 // `dialogs` and the rows before it stay.
 std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs,
                                               const QString& path = LevelFileName);
+
+// The same from an open device; `name` is the file name the messages give.
+std::optional<LevelFileRefusal> ReadLevelFrom(Level& level, Dialogs& dialogs, QIODevice& device,
+                                              const QString& name);
 
 // Writes the level proper with its border. The previous file is replaced only when the
 // whole new content is on disk; on failure it stays byte-identical and the reason comes back.
