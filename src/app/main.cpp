@@ -1,6 +1,14 @@
-#include <cstdio>
+#include "form1.h"
+#include "message_box_dialogs.h"
 
-int main() {
-    std::puts("VARNOK LEVEL EDITOR: the window is not built yet.");
-    return 0;
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Varnok Editor"));
+    MessageBoxDialogs dialogs;
+    Form1 window(dialogs);
+    dialogs.setParent(&window);
+    window.Form_Load();
+    return QApplication::exec();
 }

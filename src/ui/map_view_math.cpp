@@ -1,0 +1,35 @@
+#include "map_view_math.h"
+
+#include "map_canvas.h"
+#include "minimap_canvas.h"
+
+#include <cmath>
+
+int CellUnder(float coordinate) {
+    return static_cast<int>(std::nearbyint(coordinate)) / TileSize;  // rounds half to even
+}
+
+bool IsPaintableCell(int column, int row, int gridWidth, int gridHeight) {
+    return column >= 2 && row >= 2 && column < gridWidth - 2 && row < gridHeight - 2;
+}
+
+MapPlacement ScrollAtEdges(MapPlacement map, float x, float y, float viewportWidth,
+                           float viewportHeight) {
+    // Each threshold is a float before it is compared.
+    const float rightZone = viewportWidth - map.left - EdgeMargin;
+    if (x > rightZone && map.left > viewportWidth - map.width) map.left -= EdgeStep;
+    const float leftZone = EdgeMargin - map.left;
+    if (x < leftZone && map.left < 0) map.left += EdgeStep;
+    const float bottomZone = viewportHeight - map.top - EdgeMargin;
+    if (y > bottomZone && map.top > viewportHeight - map.height) map.top -= EdgeStep;
+    const float topZone = EdgeMargin - map.top;
+    if (y < topZone && map.top < 0) map.top += EdgeStep;
+    return map;
+}
+
+FrameRect ViewFrameFor(float mapLeft, float mapTop, float viewportWidth, float viewportHeight) {
+    constexpr float tile = TileSize;
+    constexpr float dot = MinimapCellSize;
+    return {(-mapLeft / tile) * dot, (-mapTop / tile) * dot, (viewportWidth / tile) * dot,
+            (viewportHeight / tile) * dot};
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+// The arithmetic of the map view: pointer positions to cells, edge scrolling and the
+// viewport frame on the minimap. All in single precision, as the map's geometry is kept.
+
+inline constexpr float EdgeMargin = 64.0f;
+inline constexpr float EdgeStep = EdgeMargin / 2;
+
+// The cell under a pointer coordinate: the nearest whole number (a half going to the even
+// one), then divided by the tile size with the fraction dropped.
+int CellUnder(float coordinate);
+
+// Columns 2..W-3 and rows 2..H-3: the inside of the wall frame.
+bool IsPaintableCell(int column, int row, int gridWidth, int gridHeight);
+
+struct MapPlacement {
+    float left;    // Lm: the map's left inside the viewport (0 or negative when scrolled)
+    float top;     // Tm
+    float width;   // Wm
+    float height;  // Hm
+};
+
+// Edge scrolling after a cell was painted at (x, y) on the map: right, left, down, up, each
+// check seeing the step of the one before. Returns the map's new left and top.
+MapPlacement ScrollAtEdges(MapPlacement map, float x, float y, float viewportWidth,
+                           float viewportHeight);
+
+struct FrameRect {
+    float left;
+    float top;
+    float width;
+    float height;
+};
+
+// Where the viewport frame lies on the minimap: divided before multiplied, not rounded.
+FrameRect ViewFrameFor(float mapLeft, float mapTop, float viewportWidth, float viewportHeight);
