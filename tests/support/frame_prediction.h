@@ -39,4 +39,3 @@ inline std::map<std::pair<int, int>, int> predictedFrame(int w, int h) {
     for (int y = 1; y <= h - 2; ++y) drawWall(1, y), drawWall(w - 2, y);
     return wall;
 }
-

@@ -1,0 +1,56 @@
+#include "art_style.h"
+
+#include <QPainterPath>
+
+namespace Art {
+
+QImage blankCell() {
+    QImage cell(Cell, Cell, QImage::Format_RGB32);
+    cell.fill(FloorSand);
+    return cell;
+}
+
+void paintFloor(QPainter& painter, const QRect& area, int seed) {
+    painter.fillRect(area, FloorSand);
+    speckle(painter, area, FloorSand, area.width() * area.height() / 40, seed);
+    // Flagstones of half a cell, with a lit top-left edge.
+    painter.setPen(QPen(FloorGrout, 1));
+    for (int y = area.top(); y <= area.bottom(); y += Cell / 2) {
+        for (int x = area.left(); x <= area.right(); x += Cell / 2) {
+            painter.setPen(QPen(FloorGrout, 1));
+            painter.drawLine(x, y + Cell / 2 - 1, x + Cell / 2 - 1, y + Cell / 2 - 1);
+            painter.drawLine(x + Cell / 2 - 1, y, x + Cell / 2 - 1, y + Cell / 2 - 1);
+            painter.setPen(QPen(FloorSand.lighter(110), 1));
+            painter.drawLine(x, y, x + Cell / 2 - 2, y);
+            painter.drawLine(x, y, x, y + Cell / 2 - 2);
+        }
+    }
+}
+
+void speckle(QPainter& painter, const QRect& area, QColor base, int grains, int seed) {
+    Noise noise(static_cast<std::uint32_t>(seed));
+    for (int i = 0; i < grains; ++i) {
+        const int x = area.left() + noise.next(area.width());
+        const int y = area.top() + noise.next(area.height());
+        const QColor grain =
+            noise.next(2) ? base.darker(104 + noise.next(8)) : base.lighter(103 + noise.next(6));
+        painter.fillRect(x, y, 1 + noise.next(2), 1, grain);
+    }
+}
+
+void dropShadow(QPainter& painter, const QPainterPath& shape, int offset) {
+    painter.save();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Shadow);
+    painter.translate(offset, offset);
+    painter.drawPath(shape);
+    painter.restore();
+}
+
+QPainterPath ellipse(double x, double y, double w, double h) {
+    QPainterPath path;
+    path.addEllipse(QRectF(x, y, w, h));
+    return path;
+}
+
+}  // namespace Art
