@@ -1,0 +1,163 @@
+#include "frame_prediction.h"
+#include "x11_session.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+namespace {
+
+constexpr int Side = 20;
+using Grid = std::map<std::pair<int, int>, int>;
+
+// A level file as the game reads it, written out here without the editor's code.
+QByteArray levelFile(const Grid& cells) {
+    const QByteArray border(Side + 14, '0');
+    QByteArray bytes = "1\r\n 34 \r\n 34 \r\n";
+    for (int i = 0; i < 7; ++i) bytes += border + "\r\n";
+    for (int y = 0; y < Side; ++y) {
+        QByteArray row(Side, '0');
+        for (int x = 0; x < Side; ++x)
+            if (cells.count({x, y})) row[x] = char(48 + cells.at({x, y}));
+        bytes += "0000000" + row + "0000000\r\n";
+    }
+    for (int i = 0; i < 7; ++i) bytes += border + "\r\n";
+    return bytes;
+}
+
+QByteArray waitForFile(const QString& path, const QByteArray& unlike) {
+    QDeadlineTimer deadline(10000);
+    QByteArray bytes;
+    while (!deadline.hasExpired()) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly) && (bytes = file.readAll()) != unlike) return bytes;
+        QThread::msleep(100);
+    }
+    return bytes;
+}
+
+int distance(QRgb a, QRgb b) {
+    return qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b));
+}
+
+}  // namespace
+
+class EndToEndTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir folder;
+    void prepareFolder(const QDir& dir, const QByteArray& level) {
+        QFile::copy(VARNOK_SHEET, dir.filePath("EditPic.jpg"));
+        if (level.isEmpty()) return;
+        QFile file(dir.filePath("level99.VRK"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(level);
+    }
+    void dismissHelp(X11Session& x) {
+        QVERIFY(!x.waitForWindow("Nápověda").isEmpty());
+        x.key("Return");
+        QVERIFY(x.windowGone("Nápověda"));
+    }
+
+  private slots:
+    void paintAndSaveALevel() {
+        X11Session x;
+        QVERIFY(x.serverUp());
+        Grid start;
+        start[{12, 12}] = 26;  // a flowerpot the file already holds
+        prepareFolder(QDir(folder.path()), levelFile(start));
+        QVERIFY(x.startEditor(VARNOK_EDITOR, folder.path()));
+        dismissHelp(x);
+        x.resizeEditor(896, 1150);
+        const QPoint client = x.clientOrigin();
+        // The palette strip's entries, 72 pixels apart; the map inside the viewport border.
+        auto entry = [&](int place, int scrolled = 0) {
+            return client + QPoint(10 + 40, 147 + 8 + 72 * place + 24 - scrolled);
+        };
+        auto cell = [&](int column, int row) {
+            return client + QPoint(142 + 64 * column + 32, 19 + 64 * row + 32);
+        };
+        x.click(entry(4));  // Bedna
+        x.click(cell(5, 5));
+        x.click(entry(1));  // Zeď
+        x.click(cell(8, 4));
+        // Drag the strip up by its background to reach the rooms and the hero.
+        x.drag(client + QPoint(100, 900), client + QPoint(100, 100));
+        x.drag(client + QPoint(100, 900), client + QPoint(100, 700));
+        x.click(entry(14, 1000));  // Místnost A
+        x.click(cell(4, 8));
+        x.click(entry(22, 1000));  // Hrdina
+        x.click(cell(7, 13));
+
+        x.click(client + QPoint(10 + 8 + 36, 1150 - 179 + 128 + 16));  // Uložit
+        QVERIFY(!x.waitForWindow("Uložit přes starý").isEmpty());
+        x.key("Return");  // Ano is the default
+
+        Grid expected = predictedFrame(Side, Side);
+        expected[{12, 12}] = 26;
+        expected[{5, 5}] = 25;
+        expected[{8, 4}] = 14;
+        const int roomA[4][3] = {{30, 31, 32}, {40, 41, 42}, {50, 51, 52}, {60, 114, 62}};
+        for (int dy = 0; dy < 4; ++dy)
+            for (int dx = 0; dx < 3; ++dx) expected[{4 + dx, 8 + dy}] = roomA[dy][dx];
+        expected[{7, 13}] = 135;
+        const QString path = QDir(folder.path()).filePath("level99.VRK");
+        const QByteArray saved = waitForFile(path, levelFile(start));
+        QCOMPARE(saved, levelFile(expected));
+        QVERIFY(x.editorRunning());
+    }
+
+    void restartShowsTheSavedLevel() {
+        X11Session x;
+        QVERIFY(x.startEditor(VARNOK_EDITOR, folder.path()));
+        dismissHelp(x);
+        const QPoint client = x.clientOrigin();
+        const QImage screen = x.screenshot();
+        const QImage sheet(VARNOK_SHEET);
+        // The crate at (5, 5) and the room's corner at (4, 8) show their sheet cells.
+        for (auto [column, row, code] : {std::tuple{5, 5, 25}, {4, 8, 30}}) {
+            const QPoint onScreen = client + QPoint(142 + 64 * column + 20, 19 + 64 * row + 20);
+            const QPoint onSheet((code % 10) * 64 + 20, (code / 10) * 64 + 20);
+            QVERIFY(distance(screen.pixel(onScreen), sheet.pixel(onSheet)) < 12);
+        }
+    }
+
+    void windowShowsItsColoursAndEveryPaletteEntry() {
+        X11Session x;
+        QTemporaryDir empty;
+        prepareFolder(QDir(empty.path()), {});
+        QVERIFY(x.startEditor(VARNOK_EDITOR, empty.path()));
+        dismissHelp(x);  // no level file: a new 20 x 20 level
+        x.resizeEditor(1500, 2300);
+        const QPoint client = x.clientOrigin();
+        const QImage screen = x.screenshot();
+        auto at = [&](int cx, int cy) { return screen.pixel(client + QPoint(cx, cy)); };
+        QCOMPARE(at(5, 300), qRgb(192, 192, 192));    // the window
+        QCOMPARE(at(1440, 100), qRgb(0, 0, 64));      // the viewport beside the map
+        QCOMPARE(at(70, 77), qRgb(184, 221, 239));    // the minimap's floor
+        QCOMPARE(at(105, 300), qRgb(180, 205, 228));  // the palette strip
+        const int codes[] = {0,   1, 23, 24, 25, 26, 134, 27, 28, 29,  124, 125, 126,
+                             127, 2, 3,  4,  5,  6,  7,   8,  9,  135, 136, 137, 138};
+        for (int place = 0; place < 26; ++place) {
+            const QImage picture(QStringLiteral(":/palette/%1.bmp").arg(codes[place]));
+            const QRgb centre = picture.isNull() ? 0 : picture.pixel(picture.rect().center());
+            bool seen = false;
+            for (int y = 0; y < 65 && !seen; ++y)
+                for (int x2 = 0; x2 < 65 && !seen; ++x2)
+                    seen = distance(at(10 + 8 + x2, 147 + 8 + 72 * place + y), centre) < 12;
+            QVERIFY2(seen, qPrintable(QStringLiteral("entry %1").arg(codes[place])));
+        }
+        x.click(client + QPoint(10 + 8 + 36, 2300 - 179 + 128 + 16));  // Uložit, no hero
+        QVERIFY(!x.waitForWindow("Uložit přes starý").isEmpty());
+        x.key("Return");
+        QVERIFY(!x.waitForWindow("Pozor").isEmpty());
+        x.key("Return");
+        QVERIFY(!QFile::exists(QDir(empty.path()).filePath("level99.VRK")));
+        QVERIFY(x.editorRunning());
+    }
+};
+
+QTEST_GUILESS_MAIN(EndToEndTest)
+#include "test_end_to_end.moc"

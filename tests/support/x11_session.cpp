@@ -1,0 +1,135 @@
+#include "x11_session.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QRegularExpression>
+#include <QTemporaryFile>
+#include <QThread>
+
+X11Session::X11Session() {
+    environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("QT_QPA_PLATFORM");
+    // Xvfb picks a free display and writes its number to the descriptor named.
+    server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1600x2400x24", "-nolisten", "tcp"});
+    server.waitForStarted();
+    QByteArray display;
+    while (!display.contains('\n') && server.waitForReadyRead(10000))
+        display += server.readAllStandardOutput();
+    environment.insert("DISPLAY", ':' + QString::fromLatin1(display.trimmed()));
+    // The server is up once a client can ask it something.
+    QDeadlineTimer deadline(10000);
+    while (!deadline.hasExpired() && !xdotool({"getdisplaygeometry"})) QThread::msleep(100);
+}
+
+X11Session::~X11Session() {
+    if (editor.state() != QProcess::NotRunning) {
+        editor.kill();
+        editor.waitForFinished();
+    }
+    server.terminate();
+    server.waitForFinished();
+}
+
+bool X11Session::xdotool(const QStringList& arguments, QByteArray* output) {
+    QProcess tool;
+    tool.setProcessEnvironment(environment);
+    tool.start("xdotool", arguments);
+    if (!tool.waitForFinished(10000)) return false;
+    if (output) *output = tool.readAllStandardOutput();
+    return tool.exitStatus() == QProcess::NormalExit && tool.exitCode() == 0;
+}
+
+bool X11Session::startEditor(const QString& program, const QString& folder) {
+    QProcessEnvironment editorEnvironment = environment;
+    editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
+    editor.setProcessEnvironment(editorEnvironment);
+    editor.setWorkingDirectory(folder);
+    editor.setProcessChannelMode(QProcess::ForwardedChannels);
+    editor.start(program, {});
+    if (!editor.waitForStarted()) return false;
+    mainWindow = waitForWindow("VARNOK LEVEL EDITOR");
+    return !mainWindow.isEmpty();
+}
+
+QString X11Session::waitForWindow(const QString& title, int timeoutMs) {
+    QDeadlineTimer deadline(timeoutMs);
+    QByteArray ids;
+    const QString pattern = '^' + QRegularExpression::escape(title) + '$';
+    while (!deadline.hasExpired()) {
+        if (xdotool({"search", "--onlyvisible", "--name", pattern}, &ids) && !ids.isEmpty())
+            return QString::fromLatin1(ids.split('\n').first());
+        QThread::msleep(100);
+    }
+    return {};
+}
+
+bool X11Session::windowGone(const QString& title, int timeoutMs) {
+    QDeadlineTimer deadline(timeoutMs);
+    const QString pattern = '^' + QRegularExpression::escape(title) + '$';
+    while (!deadline.hasExpired()) {
+        if (!xdotool({"search", "--onlyvisible", "--name", pattern})) return true;
+        QThread::msleep(100);
+    }
+    return false;
+}
+
+QStringList X11Session::windowTitles() {
+    QByteArray ids;
+    xdotool({"search", "--onlyvisible", "--name", "."}, &ids);
+    QStringList titles;
+    for (const QByteArray& id : ids.split('\n')) {
+        QByteArray name;
+        if (!id.isEmpty() && xdotool({"getwindowname", QString::fromLatin1(id)}, &name))
+            titles << QString::fromUtf8(name).trimmed();
+    }
+    return titles;
+}
+
+QPoint X11Session::clientOrigin() {
+    QByteArray shell;
+    xdotool({"getwindowgeometry", "--shell", mainWindow}, &shell);
+    QPoint origin;
+    for (const QByteArray& line : shell.split('\n')) {
+        if (line.startsWith("X=")) origin.setX(line.mid(2).toInt());
+        if (line.startsWith("Y=")) origin.setY(line.mid(2).toInt());
+    }
+    return origin;
+}
+
+void X11Session::resizeEditor(int width, int height) {
+    xdotool({"windowsize", "--sync", mainWindow, QString::number(width), QString::number(height)});
+    QThread::msleep(300);
+}
+
+void X11Session::click(QPoint screen, int button) {
+    xdotool({"mousemove", "--sync", QString::number(screen.x()), QString::number(screen.y())});
+    xdotool({"click", QString::number(button)});
+    QThread::msleep(150);
+}
+
+void X11Session::drag(QPoint from, QPoint to, int button) {
+    xdotool({"mousemove", "--sync", QString::number(from.x()), QString::number(from.y())});
+    xdotool({"mousedown", QString::number(button)});
+    constexpr int steps = 8;
+    for (int i = 1; i <= steps; ++i) {
+        const QPoint at = from + (to - from) * i / steps;
+        xdotool({"mousemove", "--sync", QString::number(at.x()), QString::number(at.y())});
+    }
+    xdotool({"mouseup", QString::number(button)});
+    QThread::msleep(150);
+}
+
+void X11Session::key(const QString& keys) {
+    xdotool({"key", keys});
+    QThread::msleep(200);
+}
+
+QImage X11Session::screenshot() {
+    QTemporaryFile file(QDir::tempPath() + "/varnok-shot-XXXXXX.png");
+    if (!file.open()) return {};
+    QProcess import;
+    import.setProcessEnvironment(environment);
+    import.start("import", {"-window", "root", file.fileName()});
+    import.waitForFinished(20000);
+    return QImage(file.fileName());
+}

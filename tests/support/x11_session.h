@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+// A private X server (Xvfb) with the editor running in it, driven by real input from xdotool.
+class X11Session {
+  public:
+    X11Session();
+    ~X11Session();
+    bool serverUp() const { return server.state() == QProcess::Running; }
+
+    // Starts the editor in `folder` and waits for its main window.
+    bool startEditor(const QString& program, const QString& folder);
+    bool editorRunning() const { return editor.state() == QProcess::Running; }
+
+    // Waits until a window with exactly this title exists; its id, or empty.
+    QString waitForWindow(const QString& title, int timeoutMs = 20000);
+    bool windowGone(const QString& title, int timeoutMs = 5000);
+    QStringList windowTitles();
+
+    // Client-area origin of the main window on the screen.
+    QPoint clientOrigin();
+    void resizeEditor(int width, int height);
+    void click(QPoint screen, int button = 1);
+    void drag(QPoint from, QPoint to, int button = 1);
+    void key(const QString& keys);
+    bool xdotool(const QStringList& arguments, QByteArray* output = nullptr);
+    QImage screenshot();
+
+  private:
+    QProcessEnvironment environment;
+    QProcess server;
+    QProcess editor;
+    QString mainWindow;
+};
