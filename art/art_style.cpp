@@ -1,12 +1,11 @@
 #include "art_style.h"
 
-#include <QPainterPath>
-
 namespace Art {
 
-QImage blankCell() {
+QImage floorCell(int seed) {
     QImage cell(Cell, Cell, QImage::Format_RGB32);
-    cell.fill(FloorSand);
+    QPainter painter(&cell);
+    paintFloor(painter, cell.rect(), seed);
     return cell;
 }
 
@@ -14,7 +13,6 @@ void paintFloor(QPainter& painter, const QRect& area, int seed) {
     painter.fillRect(area, FloorSand);
     speckle(painter, area, FloorSand, area.width() * area.height() / 40, seed);
     // Flagstones of half a cell, with a lit top-left edge.
-    painter.setPen(QPen(FloorGrout, 1));
     for (int y = area.top(); y <= area.bottom(); y += Cell / 2) {
         for (int x = area.left(); x <= area.right(); x += Cell / 2) {
             painter.setPen(QPen(FloorGrout, 1));
@@ -38,7 +36,7 @@ void speckle(QPainter& painter, const QRect& area, QColor base, int grains, int 
     }
 }
 
-void dropShadow(QPainter& painter, const QPainterPath& shape, int offset) {
+void dropShadow(QPainter& painter, const QPainterPath& shape, double offset) {
     painter.save();
     painter.setPen(Qt::NoPen);
     painter.setBrush(Shadow);
@@ -47,9 +45,22 @@ void dropShadow(QPainter& painter, const QPainterPath& shape, int offset) {
     painter.restore();
 }
 
+void solid(QPainter& painter, const QPainterPath& shape, QColor fill, QColor edge, double shadow) {
+    if (shadow > 0) dropShadow(painter, shape, shadow);
+    painter.setPen(QPen(edge, 1.5));
+    painter.setBrush(fill);
+    painter.drawPath(shape);
+}
+
 QPainterPath ellipse(double x, double y, double w, double h) {
     QPainterPath path;
     path.addEllipse(QRectF(x, y, w, h));
+    return path;
+}
+
+QPainterPath rounded(double x, double y, double w, double h, double radius) {
+    QPainterPath path;
+    path.addRoundedRect(QRectF(x, y, w, h), radius, radius);
     return path;
 }
 

@@ -3,10 +3,11 @@
 #include <QColor>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <cstdint>
 
-// The look every picture shares: top-down, light from the top-left, one earthy palette.
+// The look every picture shares: seen from above, light from the top-left, one earthy palette.
 namespace Art {
 
 inline constexpr int Cell = 64;
@@ -20,6 +21,8 @@ inline const QColor WallDark(58, 56, 66);
 inline const QColor FloorSand(196, 178, 140);
 inline const QColor FloorGrout(170, 150, 112);
 inline const QColor Shadow(0, 0, 0, 70);
+inline const QColor Wood(150, 98, 52);
+inline const QColor WoodDark(96, 60, 30);
 
 // A small generator of our own, so the pictures are the same in every run.
 class Noise {
@@ -34,12 +37,17 @@ class Noise {
     std::uint32_t state;
 };
 
-QImage blankCell();
+// A cell of plain floor, the ground every single-cell picture stands on.
+QImage floorCell(int seed);
 void paintFloor(QPainter& painter, const QRect& area, int seed);
 // Speckles of darker and lighter grains inside `area`, for stone and earth.
 void speckle(QPainter& painter, const QRect& area, QColor base, int grains, int seed);
 // A soft shadow below and right of a shape, the light coming from the top-left.
-void dropShadow(QPainter& painter, const QPainterPath& shape, int offset = 3);
+void dropShadow(QPainter& painter, const QPainterPath& shape, double offset = 3);
+// A shape with its shadow, filled and outlined.
+void solid(QPainter& painter, const QPainterPath& shape, QColor fill, QColor edge,
+           double shadow = 3);
 QPainterPath ellipse(double x, double y, double w, double h);
+QPainterPath rounded(double x, double y, double w, double h, double radius);
 
 }  // namespace Art

@@ -4,13 +4,13 @@
 
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace Art {
 
 namespace {
 
-constexpr int Band = 10;  // room walls along the block's outer edges
-const QColor RoomWall(110, 84, 62);
-const QColor RoomWallLight(160, 128, 96);
+constexpr int Band = 12;  // room walls along the block's outer edges
 
 constexpr RoomLayout Layouts[RoomTotal] = {
     {30, 3, 4, 1}, {33, 3, 4, 1}, {70, 3, 4, 1}, {73, 3, 4, 1},
@@ -32,16 +32,35 @@ void floorOf(QPainter& p, QRect area, QColor a, QColor b, int tile) {
             p.fillRect(x, y, tile, tile, ((x / tile + y / tile) % 2) ? a : b);
 }
 
+// The room's own walls, in the same stone as the level's, along the block's outer edges.
 void walls(QPainter& p, QSize size) {
+    const int w = size.width(), h = size.height();
     p.setPen(Qt::NoPen);
-    p.setBrush(RoomWall);
-    p.drawRect(0, 0, size.width(), Band);
-    p.drawRect(0, 0, Band, size.height());
-    p.drawRect(size.width() - Band, 0, Band, size.height());
-    p.drawRect(0, size.height() - Band, size.width(), Band);
-    p.setPen(QPen(RoomWallLight, 2));
-    p.drawLine(Band, Band + 1, size.width() - Band, Band + 1);
-    p.drawLine(Band + 1, Band, Band + 1, size.height() - Band);
+    p.setBrush(Shadow);  // the top and left walls cast their shadow into the room
+    p.drawRect(Band, Band, w - 2 * Band, 5);
+    p.drawRect(Band, Band + 5, 5, h - 2 * Band - 5);
+    QPainterPath band;
+    band.setFillRule(Qt::WindingFill);
+    band.addRect(0, 0, w, Band);
+    band.addRect(0, 0, Band, h);
+    band.addRect(w - Band, 0, Band, h);
+    band.addRect(0, h - Band, w, Band);
+    p.setBrush(WallStone);
+    p.drawPath(band);
+    p.save();
+    p.setClipPath(band);
+    speckle(p, {0, 0, w, h}, WallStone, w * h / 12, 300 + w);
+    p.restore();
+    p.setPen(QPen(WallLight, 2));  // lit outer top and left, lit inner bottom and right
+    p.drawLine(1, 1, w - 1, 1);
+    p.drawLine(1, 1, 1, h - 1);
+    p.drawLine(Band, h - Band + 1, w - Band, h - Band + 1);
+    p.drawLine(w - Band + 1, Band, w - Band + 1, h - Band);
+    p.setPen(QPen(WallDark, 2));
+    p.drawLine(Band, Band - 1, w - Band, Band - 1);
+    p.drawLine(Band - 1, Band, Band - 1, h - Band);
+    p.drawLine(1, h - 1, w - 1, h - 1);
+    p.drawLine(w - 1, 1, w - 1, h - 1);
 }
 
 void library(QPainter& p, QSize s) {
@@ -55,7 +74,7 @@ void library(QPainter& p, QSize s) {
             p.fillRect(QRectF(area.left() + 4 + i * 9.2, area.top() + 4, 7, 14), spines[i % 4]);
     }
     box(p, {50, 150, 92, 44}, QColor(130, 80, 40), QColor(70, 40, 15));          // reading desk
-    box(p, {80, 200, 30, 20}, QColor(150, 30, 40), QColor(80, 10, 20), 6);       // armchair
+    box(p, {146, 196, 30, 22}, QColor(150, 30, 40), QColor(80, 10, 20), 6);      // armchair
     box(p, {70, 160, 26, 18}, QColor(240, 235, 210), QColor(150, 140, 110), 1);  // open book
 }
 
@@ -67,7 +86,7 @@ void bedroom(QPainter& p, QSize s) {
     box(p, {132, 28, 44, 40}, QColor(150, 100, 55), QColor(90, 55, 25));         // nightstand
     p.setBrush(QColor(255, 230, 140));
     p.drawEllipse(QPointF(154, 48), 9, 9);                                        // lamp
-    box(p, {40, 180, 110, 40}, QColor(200, 170, 120), QColor(140, 110, 70), 10);  // rug
+    box(p, {24, 166, 136, 22}, QColor(200, 170, 120), QColor(140, 110, 70), 10);  // rug
 }
 
 void kitchen(QPainter& p, QSize s) {
@@ -87,12 +106,17 @@ void kitchen(QPainter& p, QSize s) {
 void storage(QPainter& p, QSize s) {
     p.fillRect(0, 0, s.width(), s.height(), QColor(120, 112, 100));
     speckle(p, {0, 0, s.width(), s.height()}, QColor(120, 112, 100), 1500, 44);
+    p.setPen(QPen(QColor(88, 82, 72), 1.5));  // seams of the concrete slabs
+    for (int at = 40; at < std::max(s.width(), s.height()); at += 44) {
+        p.drawLine(at, 0, at, s.height());
+        p.drawLine(0, at, s.width(), at);
+    }
     for (auto [x, y] : {std::pair{20.0, 20.0}, {62.0, 20.0}, {20.0, 62.0}, {130.0, 150.0}}) {
         box(p, {x, y, 38, 38}, QColor(176, 128, 70), QColor(96, 60, 30));
         p.setPen(QPen(QColor(96, 60, 30), 2));
         p.drawLine(QPointF(x + 3, y + 3), QPointF(x + 35, y + 35));
     }
-    for (auto [x, y] : {std::pair{140.0, 30.0}, {140.0, 80.0}, {40.0, 170.0}}) {
+    for (auto [x, y] : {std::pair{140.0, 30.0}, {140.0, 80.0}, {18.0, 192.0}}) {
         box(p, {x, y, 36, 36}, QColor(130, 80, 40), QColor(60, 35, 15), 18);  // barrels
         p.setPen(QPen(QColor(70, 70, 75), 2));
         p.setBrush(Qt::NoBrush);
@@ -127,7 +151,7 @@ void bathroom(QPainter& p, QSize s) {
 }
 
 void throneRoom(QPainter& p, QSize s) {
-    floorOf(p, {0, 0, s.width(), s.height()}, QColor(90, 60, 120), QColor(84, 56, 112), 16);
+    floorOf(p, {0, 0, s.width(), s.height()}, QColor(96, 64, 128), QColor(80, 52, 106), 16);
     p.fillRect(QRect(140, 40, 40, s.height() - 40), QColor(190, 30, 40));  // runner to the door
     p.fillRect(QRect(144, 40, 2, s.height() - 40), QColor(230, 190, 60));
     p.fillRect(QRect(174, 40, 2, s.height() - 40), QColor(230, 190, 60));
@@ -149,7 +173,11 @@ void laboratory(QPainter& p, QSize s) {
             p.drawEllipse(QPointF(48 + 30 * i, y + 17), 7, 7);
         }
     }
-    box(p, {200, 140, 30, 24}, QColor(60, 60, 70), QColor(20, 20, 25), 3);  // cauldron
+    box(p, {188, 136, 40, 40}, QColor(50, 50, 58), QColor(20, 20, 25), 20);  // cauldron
+    box(p, {194, 142, 28, 28}, QColor(110, 210, 80), QColor(60, 140, 40), 14);
+    p.setBrush(QColor(200, 255, 170));  // bubbles
+    for (auto [x, y] : {std::pair{202.0, 150.0}, {212.0, 160.0}, {214.0, 149.0}})
+        p.drawEllipse(QPointF(x, y), 2.5, 2.5);
 }
 
 using Furnish = void (*)(QPainter&, QSize);
@@ -173,21 +201,36 @@ QImage drawRoom(int room) {
 }
 
 QImage drawDoorway() {
-    QImage cell = blankCell();
+    QImage cell(Cell, Cell, QImage::Format_RGB32);
     QPainter p(&cell);
     p.setRenderHint(QPainter::Antialiasing);
-    p.fillRect(cell.rect(), QColor(120, 95, 70));
-    box(p, {8, 8, 48, 40}, QColor(150, 110, 60), QColor(90, 60, 30), 4);  // door mat
-    p.setPen(QPen(QColor(120, 80, 40), 1));
-    for (int y = 14; y < 46; y += 5) p.drawLine(12, y, 52, y);
-    p.setPen(Qt::NoPen);
-    p.setBrush(RoomWall);
-    p.drawRect(0, Cell - Band, 16, Band);
-    p.drawRect(Cell - 16, Cell - Band, 16, Band);
-    p.fillRect(16, Cell - Band, Cell - 32, Band, QColor(200, 190, 170));  // threshold
-    p.setBrush(RoomWallLight);
-    p.drawRect(14, Cell - Band - 2, 4, Band + 2);  // door posts
-    p.drawRect(Cell - 18, Cell - Band - 2, 4, Band + 2);
+    // Plain boards inside, for they lie next to the floor of any room.
+    p.fillRect(cell.rect(), QColor(156, 118, 80));
+    p.setPen(QPen(QColor(128, 94, 62), 1));
+    for (int x = 7; x < Cell; x += 10) p.drawLine(x, 0, x, Cell - Band);
+    // A runner from the doorway into the room.
+    box(p, {24, 6, 24, Cell - Band - 4.0}, QColor(150, 50, 45), QColor(90, 30, 25), 2);
+    p.setPen(QPen(QColor(210, 170, 80), 1));
+    p.drawRect(QRectF(27, 9, 18, Cell - Band - 10.0));
+    // The bottom wall of the room, the same as every room's, with the opening in it.
+    const QRect opening(14, Cell - Band, Cell - 28, Band);
+    p.fillRect(0, Cell - Band, Cell, Band, WallStone);
+    speckle(p, QRect(0, Cell - Band, Cell, Band), WallStone, 120, 114);
+    p.setPen(QPen(WallLight, 2));
+    p.drawLine(0, Cell - Band + 1, Cell, Cell - Band + 1);
+    p.setPen(QPen(WallDark, 2));
+    p.drawLine(0, Cell - 1, Cell, Cell - 1);
+    p.fillRect(opening, QColor(206, 192, 160));  // the threshold
+    p.fillRect(opening.left(), Cell - Band + 5, opening.width(), 1, QColor(150, 130, 100));
+    for (int x : {opening.left() - 5, opening.right() + 1})  // door posts
+        box(p, {double(x), Cell - Band - 4.0, 5, Band + 4.0}, WallLight, WallDark, 1);
+    // The door stands open into the room, turned on its hinge at the left post.
+    p.setPen(QPen(QColor(90, 60, 30, 160), 1, Qt::DashLine));
+    p.setBrush(Qt::NoBrush);
+    const QPointF hinge(opening.left() + 2, Cell - Band);
+    const double reach = opening.width() - 2;
+    p.drawArc(QRectF(hinge.x() - reach, hinge.y() - reach, 2 * reach, 2 * reach), 0, 90 * 16);
+    box(p, {hinge.x(), hinge.y() - reach, 5, reach}, QColor(170, 110, 55), QColor(90, 55, 25), 1);
     return cell;
 }
 

@@ -2,8 +2,6 @@
 
 #include "art_style.h"
 
-#include <QPainterPath>
-
 namespace Art {
 
 WallArms armsOfPiece(int piece) {
@@ -109,17 +107,9 @@ void decorate(QPainter& painter, int look, bool horizontal, int seed) {
 
 }  // namespace
 
-QImage drawFloorCell() {
-    QImage cell = blankCell();
-    QPainter painter(&cell);
-    paintFloor(painter, cell.rect(), 1);
-    return cell;
-}
-
 QImage drawWallPiece(int piece) {
-    QImage cell = blankCell();
+    QImage cell = floorCell(100 + piece);
     QPainter painter(&cell);
-    paintFloor(painter, cell.rect(), 100 + piece);
     painter.setRenderHint(QPainter::Antialiasing, false);
     const QPainterPath shape = wallShape(armsOfPiece(piece));
     dropShadow(painter, wallShape(armsOfPiece(piece), 8), 4);

@@ -15,6 +15,5 @@ struct WallArms {
 // Wall pieces 1..22 as the wall table names them; straight pieces come in four looks.
 WallArms armsOfPiece(int piece);
 QImage drawWallPiece(int piece);
-QImage drawFloorCell();
 
 }  // namespace Art

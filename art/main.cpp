@@ -1,7 +1,9 @@
 // Draws the editor's artwork into the folder given: EditPic.jpg, palette/<code>.bmp,
 // buttons/<name>.bmp and icon/icon<side>.png. The same pictures come out on every run.
+#include "button_pictures.h"
+#include "palette_pictures.h"
 #include "sheet.h"
-#include "small_pictures.h"
+#include "window_icon.h"
 
 #include <QCoreApplication>
 #include <QDir>

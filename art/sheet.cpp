@@ -1,20 +1,51 @@
 #include "sheet.h"
 
 #include "art_style.h"
-#include "draw_objects.h"
+#include "draw_figures.h"
+#include "draw_furniture.h"
+#include "draw_items.h"
 #include "draw_rooms.h"
 #include "draw_walls.h"
 
-#include <QPainter>
+#include <map>
 
 namespace Art {
 
 namespace {
-constexpr int Columns = 10;
-constexpr int Rows = 14;
-QPoint cellOrigin(int n) {
-    return {(n % Columns) * Cell, (n / Columns) * Cell};
+
+using Drawing = void (*)(QPainter&);
+
+// Single-cell objects: the one place where a code meets the function that draws it.
+const std::map<int, Drawing> Objects = {
+    {23, drawChair},     {24, drawSmallTable}, {25, drawCrate},  {26, drawFlowerpot},
+    {27, drawBinA},      {28, drawBinB},       {29, drawPuddle}, {124, drawMoney},
+    {125, drawTeleport}, {126, drawExtraLife}, {127, drawExit},  {134, drawToilet},
+    {135, drawHero},     {136, drawBoss},      {137, drawGuard}, {138, drawSecret},
+};
+
+// Cells no tool paints: plain floor with a faint dashed frame and a cross, clearly no object.
+void drawUnused(QPainter& p) {
+    const QColor ink(150, 130, 100);
+    p.setPen(QPen(ink, 1, Qt::DashLine));
+    p.drawRect(6, 6, 51, 51);
+    p.setPen(QPen(ink, 3));
+    p.drawLine(24, 24, 40, 40);
+    p.drawLine(40, 24, 24, 40);
 }
+
+QImage objectCell(int code) {
+    QImage cell = floorCell(code);
+    QPainter painter(&cell);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto object = Objects.find(code);
+    (object != Objects.end() ? object->second : drawUnused)(painter);
+    return cell;
+}
+
+QPoint cellOrigin(int n) {
+    return {(n % SheetColumns) * Cell, (n / SheetColumns) * Cell};
+}
+
 }  // namespace
 
 QImage sheetCell(const QImage& sheet, int n) {
@@ -22,11 +53,11 @@ QImage sheetCell(const QImage& sheet, int n) {
 }
 
 QImage drawSheet() {
-    QImage sheet(Columns * Cell, Rows * Cell, QImage::Format_RGB32);
+    QImage sheet(SheetColumns * Cell, SheetRows * Cell, QImage::Format_RGB32);
     QPainter painter(&sheet);
-    for (int n = 0; n < Columns * Rows; ++n) {
-        // Every cell gets a picture; rooms overwrite theirs below.
-        const QImage cell = n == 0 ? drawFloorCell() : n <= 22 ? drawWallPiece(n) : drawObject(n);
+    for (int n = 0; n < SheetColumns * SheetRows; ++n) {
+        // Every cell gets a picture; the rooms overwrite theirs below.
+        const QImage cell = n == 0 ? floorCell(1) : n <= 22 ? drawWallPiece(n) : objectCell(n);
         painter.drawImage(cellOrigin(n), cell);
     }
     for (int room = 0; room < RoomTotal; ++room) {
@@ -34,11 +65,24 @@ QImage drawSheet() {
         const QImage image = drawRoom(room);
         for (int dy = 0; dy < layout.rows; ++dy)
             for (int dx = 0; dx < layout.columns; ++dx)
-                painter.drawImage(cellOrigin(layout.topLeftCell + Columns * dy + dx), image,
+                painter.drawImage(cellOrigin(layout.topLeftCell + SheetColumns * dy + dx), image,
                                   QRect(dx * Cell, dy * Cell, Cell, Cell));
     }
     painter.drawImage(cellOrigin(DoorwayCell), drawDoorway());
     return sheet;
+}
+
+QImage roomBlock(const QImage& sheet, int room) {
+    const RoomLayout layout = roomLayout(room);
+    QImage block(layout.columns * Cell, layout.rows * Cell, QImage::Format_RGB32);
+    QPainter painter(&block);
+    for (int dy = 0; dy < layout.rows; ++dy)
+        for (int dx = 0; dx < layout.columns; ++dx) {
+            const bool door = dy == layout.rows - 1 && dx == layout.doorColumn;
+            const int n = door ? DoorwayCell : layout.topLeftCell + SheetColumns * dy + dx;
+            painter.drawImage(QPoint(dx * Cell, dy * Cell), sheetCell(sheet, n));
+        }
+    return block;
 }
 
 }  // namespace Art

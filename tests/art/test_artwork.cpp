@@ -34,6 +34,12 @@ QImage cell(int n) {
     return sheet().copy((n % 10) * 64, (n / 10) * 64, 64, 64);
 }
 
+// Room walls are the grey wall stone, far from every room's floor.
+bool isStone(QColor colour) {
+    const int dr = colour.red() - 98, dg = colour.green() - 96, db = colour.blue() - 108;
+    return dr * dr + dg * dg + db * db < 30 * 30;
+}
+
 }  // namespace
 
 class ArtworkTest : public QObject {
@@ -96,6 +102,38 @@ class ArtworkTest : public QObject {
                  {QPoint(along, 32), QPoint(along, 288), QPoint(32, along), QPoint(288, along)})
                 QVERIFY2(isWall(patch(laid, at)),
                          qPrintable(QStringLiteral("gap at %1, %2").arg(at.x()).arg(at.y())));
+        }
+    }
+
+    void everyCellHasAPictureAndTheDoorwayFitsEveryRoom() {
+        for (int n = 0; n < 140; ++n) {
+            int darkest = 255, lightest = 0;
+            const QImage picture = cell(n);
+            for (int y = 0; y < 64; ++y)
+                for (int x = 0; x < 64; ++x) {
+                    darkest = std::min(darkest, qGray(picture.pixel(x, y)));
+                    lightest = std::max(lightest, qGray(picture.pixel(x, y)));
+                }
+            QVERIFY2(lightest - darkest > 12,
+                     qPrintable(QStringLiteral("cell %1 is blank").arg(n)));
+        }
+        // Bottom rows of the blocks: the doorway 114 takes the place of the listed cell.
+        const struct {
+            int row[4];
+            int columns;
+        } bottoms[8] = {{{60, 114, 62}, 3},        {{63, 114, 65}, 3},       {{100, 114, 102}, 3},
+                        {{103, 114, 105}, 3},      {{56, 114, 58, 59}, 4},   {{86, 114, 88, 89}, 4},
+                        {{116, 117, 114, 119}, 4}, {{130, 114, 132, 133}, 4}};
+        for (const auto& bottom : bottoms) {
+            // The bottom wall runs unbroken through every cell, the doorway's posts included,
+            // and only the doorway is open in the middle.
+            for (int i = 0; i < bottom.columns; ++i) {
+                const QImage picture = cell(bottom.row[i]);
+                for (int x : {3, 60})
+                    QVERIFY2(isStone(patch(picture, {x, 58})),
+                             qPrintable(QStringLiteral("cell %1 at %2").arg(bottom.row[i]).arg(x)));
+                QCOMPARE(isStone(patch(picture, {32, 58})), bottom.row[i] != 114);
+            }
         }
     }
 

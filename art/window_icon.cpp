@@ -1,0 +1,71 @@
+#include "window_icon.h"
+
+#include <QPainter>
+
+namespace Art {
+
+namespace {
+
+// The sixteen colours of the classic palette; the icon is drawn in these alone.
+const QList<QRgb> Colours = {
+    qRgb(0, 0, 0),       qRgb(128, 0, 0),   qRgb(0, 128, 0),   qRgb(128, 128, 0),
+    qRgb(0, 0, 128),     qRgb(128, 0, 128), qRgb(0, 128, 128), qRgb(192, 192, 192),
+    qRgb(128, 128, 128), qRgb(255, 0, 0),   qRgb(0, 255, 0),   qRgb(255, 255, 0),
+    qRgb(0, 0, 255),     qRgb(255, 0, 255), qRgb(0, 255, 255), qRgb(255, 255, 255)};
+const QColor Navy(0, 0, 128), Dark(0, 128, 0), Light(0, 255, 0), White(255, 255, 255),
+    Black(0, 0, 0), Teal(0, 128, 128);
+
+// Drawn without smoothing, so every pixel keeps one of the sixteen colours.
+void large(QPainter& p) {
+    p.setPen(QPen(Dark, 2));  // antennae
+    p.drawLine(11, 9, 8, 4);
+    p.drawLine(21, 9, 24, 4);
+    p.fillRect(6, 2, 4, 4, Light);
+    p.fillRect(22, 2, 4, 4, Light);
+    p.setPen(QPen(Dark, 2));
+    p.setBrush(Light);
+    p.drawEllipse(4, 8, 24, 22);
+    p.setPen(Qt::NoPen);
+    p.setBrush(Dark);  // shade on the side away from the light
+    p.drawPie(QRect(5, 9, 22, 20), -100 * 16, 110 * 16);
+    p.setBrush(Light);
+    p.drawEllipse(6, 10, 19, 17);
+    p.fillRect(9, 11, 5, 2, White);  // shine
+    p.fillRect(9, 14, 6, 6, White);  // eyes
+    p.fillRect(18, 14, 6, 6, White);
+    p.fillRect(11, 16, 3, 3, Black);
+    p.fillRect(20, 16, 3, 3, Black);
+    p.fillRect(12, 23, 9, 2, Dark);  // smile
+    p.fillRect(11, 22, 2, 2, Dark);
+    p.fillRect(20, 22, 2, 2, Dark);
+}
+
+void small(QPainter& p) {
+    p.fillRect(3, 1, 2, 2, Light);  // antennae
+    p.fillRect(11, 1, 2, 2, Light);
+    p.fillRect(4, 3, 1, 2, Dark);
+    p.fillRect(11, 3, 1, 2, Dark);
+    p.setPen(QPen(Dark, 1));
+    p.setBrush(Light);
+    p.drawEllipse(2, 4, 12, 11);
+    p.fillRect(4, 7, 3, 3, White);  // eyes
+    p.fillRect(9, 7, 3, 3, White);
+    p.fillRect(5, 8, 2, 2, Black);
+    p.fillRect(10, 8, 2, 2, Black);
+    p.fillRect(6, 12, 4, 1, Dark);  // smile
+}
+
+}  // namespace
+
+QImage windowIcon(int side) {
+    QImage full(side, side, QImage::Format_RGB32);
+    full.fill(Navy);
+    QPainter p(&full);
+    p.setRenderHint(QPainter::Antialiasing, false);
+    p.fillRect(0, side - side / 8, side, side / 8, Teal);  // the floor it stands on
+    side >= 32 ? large(p) : small(p);
+    p.end();
+    return full.convertToFormat(QImage::Format_Indexed8, Colours, Qt::ThresholdDither);
+}
+
+}  // namespace Art
