@@ -1,9 +1,9 @@
 #include "ratio_reporter.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 
 int main(int argc, char** argv) {
-    QGuiApplication app(argc, argv);  // fonts and widgets for the painting figures
+    QApplication app(argc, argv);  // the window for the painting figures
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -101,9 +101,9 @@ void BM_MemsetCells(benchmark::State& state) {
 }  // namespace
 
 const std::map<std::string, std::string> ReferenceOf = {
-    {"BM_ReadLevelFile", "BM_PlainFileRead"},
-    {"BM_WriteLevelFile", "BM_PlainFileWrite"},
-    {"BM_RedrawLevel", "BM_MemsetCells"},
+    {"BM_ReadLevelFile", "BM_PlainFileRead"},   {"BM_WriteLevelFile", "BM_PlainFileWrite"},
+    {"BM_RedrawLevel", "BM_MemsetCells"},       {"BM_PaintVisibleMap", "BM_DrawScreenImage"},
+    {"BM_PaintMinimap", "BM_DrawMinimapImage"},
 };
 
 #define LEVEL_SIZES Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond)
