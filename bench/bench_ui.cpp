@@ -37,7 +37,8 @@ void BM_PaintVisibleMap(benchmark::State& state) {
 }
 
 void BM_DrawScreenImage(benchmark::State& state) {
-    const QImage ready(Screen, QImage::Format_RGB32);
+    QImage ready(Screen, QImage::Format_RGB32);
+    ready.fill(Qt::darkGreen);
     QImage target(Screen, QImage::Format_RGB32);
     QPainter painter(&target);
     for (auto _ : state) painter.drawImage(0, 0, ready);
@@ -51,12 +52,18 @@ void BM_PaintMinimap(benchmark::State& state) {
     for (auto _ : state) minimap.paint(painter, target.rect());
 }
 
+// The screen reference spread over the minimap's area: the ready screen image drawn as tiles
+// that cover a surface of the minimap's size.
 void BM_DrawMinimapImage(benchmark::State& state) {
-    const int side = static_cast<int>(state.range(0)) * 6;
-    const QImage ready(side, side, QImage::Format_RGB32);
+    const int side = static_cast<int>(state.range(0)) * MinimapCellSize;
+    QImage ready(Screen, QImage::Format_RGB32);
+    ready.fill(Qt::darkGreen);
     QImage target(side, side, QImage::Format_RGB32);
     QPainter painter(&target);
-    for (auto _ : state) painter.drawImage(0, 0, ready);
+    for (auto _ : state) {
+        for (int y = 0; y < side; y += Screen.height())
+            for (int x = 0; x < side; x += Screen.width()) painter.drawImage(x, y, ready);
+    }
 }
 
 // The wall tool on a cell whose four neighbours are walls: five pieces chosen and drawn.

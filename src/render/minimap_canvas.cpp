@@ -1,5 +1,6 @@
 #include "minimap_canvas.h"
 
+#include <QImage>
 #include <QPainter>
 
 #include <algorithm>
@@ -16,9 +17,18 @@ QRect dotRect(int x, int y) {
 int dotIndex(int p) {
     return (p + DotReach) / MinimapCellSize;
 }
+// Pixels first..end - 1 of a surface row, from the dot colours of its level row.
+void fillDotRow(QRgb* line, const QRgb* dot, int first, int end) {
+    int x = dotIndex(first);
+    QRgb* out = std::fill_n(line, std::min(end, x * MinimapCellSize + DotReach) - first, dot[x]);
+    QRgb* const last = line + (end - first);
+    for (++x; last - out >= MinimapCellSize; ++x) out = std::fill_n(out, MinimapCellSize, dot[x]);
+    if (out < last) std::fill(out, last, dot[x]);
+}
 }  // namespace
 
 void MinimapCanvas::resize(int columns, int rows) {
+    if (std::max(columns, 0) == width && std::max(rows, 0) == height && !dots.empty()) return;
     width = std::max(columns, 0);
     height = std::max(rows, 0);
     dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
@@ -37,6 +47,13 @@ void MinimapCanvas::drawDot(int x, int y) {
     if (changed) changed(dotRect(x, y));
 }
 
+void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
+    if (y < 0 || y > height) return;
+    std::copy_n(colours, std::clamp(count, 0, width + 1),
+                dots.begin() + static_cast<std::ptrdiff_t>(y) * (width + 1));
+    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
+}
+
 QRgb MinimapCanvas::dotAt(int x, int y) const {
     if (x < 0 || x > width || y < 0 || y > height) return MinimapBackground;
     return dots[static_cast<std::size_t>(y) * (width + 1) + x];
@@ -45,11 +62,25 @@ QRgb MinimapCanvas::dotAt(int x, int y) const {
 void MinimapCanvas::paint(QPainter& painter, const QRect& exposed) const {
     const QRect area = exposed.intersected(QRect(QPoint(0, 0), pixelSize()));
     if (area.isEmpty()) return;
-    painter.save();
-    painter.setClipRect(area);
-    for (int y = dotIndex(area.top()); y <= dotIndex(area.bottom()); ++y) {
-        for (int x = dotIndex(area.left()); x <= dotIndex(area.right()); ++x)
-            painter.fillRect(dotRect(x, y), QColor(dotAt(x, y)));
+    // The pixels are laid out a band of rows at a time in one small image, drawn with one
+    // unscaled copy per band: no painter call per dot, and memory bounded by the band.
+    constexpr int BandPixels = 1 << 16;
+    const int bandRows = std::min(area.height(), std::max(64, BandPixels / area.width()));
+    QImage band(area.width(), bandRows, QImage::Format_RGB32);
+    auto* const pixels = reinterpret_cast<QRgb*>(band.bits());
+    const qsizetype stride = band.bytesPerLine() / qsizetype(sizeof(QRgb));
+    for (int top = area.top(); top <= area.bottom(); top += band.height()) {
+        const int rows = std::min(band.height(), area.bottom() + 1 - top);
+        for (int row = 0; row < rows; ++row) {
+            QRgb* line = pixels + row * stride;
+            const int y = dotIndex(top + row);
+            if (row > 0 && y == dotIndex(top + row - 1)) {
+                std::copy_n(line - stride, area.width(), line);
+                continue;
+            }
+            const QRgb* dot = dots.data() + static_cast<std::size_t>(y) * (width + 1);
+            fillDotRow(line, dot, area.left(), area.right() + 1);
+        }
+        painter.drawImage(QPoint(area.left(), top), band, QRect(0, 0, area.width(), rows));
     }
-    painter.restore();
 }

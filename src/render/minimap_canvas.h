@@ -18,7 +18,8 @@ class MinimapCanvas {
     explicit MinimapCanvas(QRgb initialDrawingColour = qRgb(0, 0, 0))
         : drawing(initialDrawingColour) {}
 
-    // A surface 6 * columns x 6 * rows pixels, all background.
+    // A surface 6 * columns x 6 * rows pixels: all background when the size changes, kept as
+    // it is when it does not.
     void resize(int columns, int rows);
     // Fills with the background; the drawing colour stays as it was.
     void clear();
@@ -33,6 +34,8 @@ class MinimapCanvas {
     // A solid 6-pixel square in the drawing colour centred on (6x, 6y); dots of neighbouring
     // cells meet edge to edge. Cells beyond the margin are dropped.
     void drawDot(int x, int y);
+    // Dots (0, y) .. (count - 1, y) in their own colours at once; the drawing colour stays.
+    void drawDotRow(int y, const QRgb* colours, int count);
     QRgb dotAt(int x, int y) const;  // background for cells never dotted since the clear
 
     // Paints the part `exposed` (surface pixels); cost follows the exposed area.

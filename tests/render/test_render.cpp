@@ -8,7 +8,6 @@
 #include <QPainter>
 #include <QTest>
 
-
 namespace {
 
 // Sheet cell n is filled with a colour of its own, so painted pixels name their cell.
@@ -232,9 +231,21 @@ class RenderTest : public QObject {
         QCOMPARE(image.pixel(100, 100), MapBackground);
         QCOMPARE(image.pixel(256, 10), QColor(Qt::magenta).rgb());  // outside the exposed part
 
-        f.renderer.minimap.paint(painter, QRect(0, 0, 30, 24));
+        // Every pixel of an exposed part that starts and ends inside dots shows the dot of
+        // the cell nearest to it (ties to the right and below); nothing around it changes.
+        f.renderer.sprites.PaintSprite(1, 1, 1);
+        f.renderer.sprites.PaintSprite(5, 4, 135);
+        image.fill(Qt::magenta);
+        const QRect exposed(4, 5, 25, 17);
+        f.renderer.minimap.paint(painter, exposed);
+        for (int py = 0; py < 30; ++py)
+            for (int px = 0; px < 34; ++px)
+                QCOMPARE(image.pixel(px, py),
+                         exposed.contains(px, py)
+                             ? f.renderer.minimap.dotAt((px + 3) / 6, (py + 3) / 6)
+                             : QColor(Qt::magenta).rgb());
         QCOMPARE(image.pixel(3 * 6 - 3, 2 * 6 + 2), qRgb(128, 0, 0));
-        QCOMPARE(image.pixel(3 * 6 + 3, 2 * 6), MinimapBackground);
+        QCOMPARE(image.pixel(5 * 6 - 3, 4 * 6 - 3), qRgb(255, 0, 0));
 
         // A sheet of another size: each cell at its own size, kept inside its square.
         for (int side : {32, 128}) {
