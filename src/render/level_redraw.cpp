@@ -8,11 +8,7 @@ void LevelRenderer::RedrawLevelCells(const std::function<int()>& pressWallTool) 
     minimap.clear();
     map.clear();
     map.resize(width, height);
-    // Column by column, margin included: the order decides the colour an unknown code's dot
-    // inherits from the dot before it.
-    for (int x = 0; x <= width; ++x) {
-        for (int y = 0; y <= height; ++y) sprites.PaintSprite(x, y, level.cell(x, y));
-    }
+    sprites.PaintWholeGrid();
     const int tool = pressWallTool();
     for (int x = 1; x <= width - 2; ++x) {
         cells.DrawCell(x, 1, tool);

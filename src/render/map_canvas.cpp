@@ -7,6 +7,7 @@
 #include <algorithm>
 
 void MapCanvas::resize(int columns, int rows) {
+    if (std::max(columns, 0) == width && std::max(rows, 0) == height && !cells.empty()) return;
     width = std::max(columns, 0);
     height = std::max(rows, 0);
     cells.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Cleared);
@@ -22,6 +23,13 @@ void MapCanvas::drawCell(int x, int y, int sheetCell) {
     if (x < 0 || x >= width || y < 0 || y >= height) return;
     cells[static_cast<std::size_t>(y) * width + x] = static_cast<qint16>(sheetCell);
     if (changed) changed(QRect(x * TileSize, y * TileSize, TileSize, TileSize));
+}
+
+void MapCanvas::drawRow(int y, const qint16* sheetCells, int count) {
+    if (y < 0 || y >= height) return;
+    std::copy_n(sheetCells, std::clamp(count, 0, width),
+                cells.begin() + static_cast<std::ptrdiff_t>(y) * width);
+    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
 }
 
 int MapCanvas::cellAt(int x, int y) const {

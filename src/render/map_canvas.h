@@ -18,7 +18,8 @@ class MapCanvas {
   public:
     static constexpr qint16 Cleared = -1;
 
-    // A surface of columns x rows map cells (64 pixels each), all cleared.
+    // A surface of columns x rows map cells (64 pixels each): all cleared when the size
+    // changes, kept as they are when it does not.
     void resize(int columns, int rows);
     void clear();
     int columns() const { return width; }
@@ -28,6 +29,9 @@ class MapCanvas {
     // Copies sheet cell `sheetCell` onto map cell (x, y); a cell off the surface is dropped,
     // as a picture drawn beyond a surface's edge is.
     void drawCell(int x, int y, int sheetCell);
+    // Copies sheet cells onto map cells (0, y) .. (count - 1, y) at once, as drawCell does
+    // one by one; the change is told as one whole-surface change.
+    void drawRow(int y, const qint16* sheetCells, int count);
     int cellAt(int x, int y) const;  // Cleared also for cells off the surface
 
     // Paints the part `exposed` (surface pixels) onto `painter`: each cell's sheet picture at

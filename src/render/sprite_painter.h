@@ -17,6 +17,11 @@ class SpritePainter {
     // Cells outside 0..GridWidth x 0..GridHeight are ignored. A code without a sheet cell is
     // stored, then SheetCellError reaches the caller and nothing is drawn or plotted.
     void PaintSprite(int x, int y, int code);
+    // Paints every cell of the grid, margin included, with the code it holds: the same as
+    // PaintSprite on each cell column by column (the order decides the colour an uncoloured
+    // code's dot inherits), stopping with SheetCellError at the first code without a picture.
+    // Goes row by row through memory, so a whole level costs little more than copying it.
+    void PaintWholeGrid();
     // Lays room 0..7 as its block with the top-left cell on (x, y), row by row.
     void PaintTileSprite(int x, int y, int room);
 

@@ -67,6 +67,50 @@ class PropertyTest : public QObject {
                 }
         }
     }
+
+    // The whole-grid repaint must leave exactly what painting each cell in column order
+    // leaves: map, dots, drawing colour and the failing cell, uncoloured code 139 included.
+    void wholeGridRepaintMatchesCellByCell() {
+        QRandomGenerator random(99);
+        const SpriteSheet sheet(QImage(640, 896, QImage::Format_RGB32));
+        const int codes[] = {0, 0, 0, 1, 17, 25, 30, 114, 124, 134, 136, 139, 139, -3, 140, 207};
+        for (int round = 0; round < 300; ++round) {
+            Level level;
+            level.Allocate(random.bounded(0, 12), random.bounded(0, 12));
+            const bool withBadCodes = round % 3 == 0;
+            for (int y = 0; y <= level.GridHeight; ++y)
+                for (int x = 0; x <= level.GridWidth; ++x)
+                    level.setCell(x, y, qint16(codes[random.bounded(withBadCodes ? 16 : 13)]));
+            const QRgb start = qRgb(round, 1, 2);
+            auto fresh = [&](LevelRenderer& r) {
+                r.map.resize(level.GridWidth, level.GridHeight);
+                r.minimap.resize(level.GridWidth, level.GridHeight);
+            };
+            LevelRenderer whole(level, sheet, start), single(level, sheet, start);
+            fresh(whole);
+            fresh(single);
+            int wholeFailure = -1, singleFailure = -1;
+            try {
+                whole.sprites.PaintWholeGrid();
+            } catch (const SheetCellError& error) {
+                wholeFailure = error.cell;
+            }
+            try {
+                for (int x = 0; x <= level.GridWidth; ++x)
+                    for (int y = 0; y <= level.GridHeight; ++y)
+                        single.sprites.PaintSprite(x, y, level.cell(x, y));
+            } catch (const SheetCellError& error) {
+                singleFailure = error.cell;
+            }
+            QCOMPARE(wholeFailure, singleFailure);
+            QCOMPARE(whole.minimap.drawingColour(), single.minimap.drawingColour());
+            for (int y = 0; y <= level.GridHeight; ++y)
+                for (int x = 0; x <= level.GridWidth; ++x) {
+                    QCOMPARE(whole.map.cellAt(x, y), single.map.cellAt(x, y));
+                    QCOMPARE(whole.minimap.dotAt(x, y), single.minimap.dotAt(x, y));
+                }
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(PropertyTest)
