@@ -1,6 +1,7 @@
 #include "canvas_surfaces.h"
 #include "form1.h"
 #include "level_renderer.h"
+#include "map_view_math.h"
 #include "recording_dialogs.h"
 #include "tile_codes.h"
 
@@ -75,24 +76,31 @@ void BM_DrawCellInWalls(benchmark::State& state) {
     for (auto _ : state) drawn.renderer.cells.DrawCell(20, 20, WallToolCode);
 }
 
-// Painting with the left button held across 100 new cells of a shown 1920 x 1080 window,
-// away from the edges that scroll, each event followed by the repaints it scheduled.
-void BM_PaintStroke(benchmark::State& state) {
+// A shown 1920 x 1080 window holding a new level of the given side.
+struct ShownEditor {
+    explicit ShownEditor(int side) : form(dialogs) {
+        form.Form_Load();
+        form.Text1->setText(QString::number(side));
+        form.Text2->setText(QString::number(side));
+        form.Command1_Click();
+        form.resize(Screen);
+        form.show();
+        QCoreApplication::processEvents();
+    }
     RecordingDialogs dialogs;
-    Form1 form(dialogs);
-    form.Form_Load();
-    form.Text1->setText(QString::number(state.range(0)));
-    form.Text2->setText(QString::number(state.range(0)));
-    form.Command1_Click();
-    form.resize(Screen);
-    form.show();
-    QCoreApplication::processEvents();
+    Form1 form;
+};
+
+// Left-button moves into 100 new cells, each followed by the repaints it scheduled; `cell`
+// gives the map cell of the i-th event.
+template <typename CellOf>
+void paintStroke(benchmark::State& state, Form1& form, CellOf cell) {
     int pass = 0;
     for (auto _ : state) {
         for (int i = 0; i < 100; ++i) {
-            const int column = 3 + i % 20, row = 3 + i / 20 + 5 * (pass % 2);
-            form.Picture2_MouseMove(1, 0, static_cast<float>(64 * column + 32),
-                                    static_cast<float>(64 * row + 32));
+            const QPoint at = cell(i, pass);
+            form.Picture2_MouseMove(1, 0, static_cast<float>(TileSize * at.x() + 32),
+                                    static_cast<float>(TileSize * at.y() + 32));
             QCoreApplication::processEvents();
         }
         ++pass;
@@ -100,6 +108,32 @@ void BM_PaintStroke(benchmark::State& state) {
     state.counters["per_event"] =
         benchmark::Counter(double(state.iterations()) * 100,
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
+// A stroke inside the shown part of the map, clear of the edges that scroll it.
+void BM_PaintStroke(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    const Placement map = editor.form.Picture2->placement();
+    const Placement view = editor.form.picture1Placement;
+    const int reach = static_cast<int>(EdgeMargin) + TileSize;
+    const QRect cells(QPoint(static_cast<int>(-map.left + reach) / TileSize,
+                             static_cast<int>(-map.top + reach) / TileSize),
+                      QPoint(static_cast<int>(-map.left + view.width - reach) / TileSize - 1,
+                             static_cast<int>(-map.top + view.height - reach) / TileSize - 1));
+    if (cells.width() * cells.height() < 2) return state.SkipWithError("map view too small");
+    paintStroke(state, editor.form, [&](int i, int pass) {
+        const int n = i + 100 * pass;
+        return cells.topLeft() + QPoint(n % cells.width(), (n / cells.width()) % cells.height());
+    });
+}
+
+// A stroke along the row below the view's right edge: every event also scrolls the map.
+void BM_PaintStrokeScrolling(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    paintStroke(state, editor.form, [&](int i, int pass) {
+        const int side = static_cast<int>(state.range(0));
+        return QPoint(3 + (i + 100 * pass) % (side - 6), 3 + pass % 2);
+    });
 }
 
 }  // namespace
@@ -111,3 +145,4 @@ BENCHMARK(BM_PaintMinimap)->LEVEL_SIZES;
 BENCHMARK(BM_DrawMinimapImage)->LEVEL_SIZES;
 BENCHMARK(BM_DrawCellInWalls)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_PaintStroke)->Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_PaintStrokeScrolling)->Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond);
