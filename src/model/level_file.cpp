@@ -12,22 +12,33 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace {
 
 constexpr int SizeLineAllowance = 2 * FileBorder;
-constexpr qint64 LongestSizeLine = 64;  // longer is no number the size line can hold
+constexpr qint64 LongestSizeLine = 64;  // a longer size line is refused unread
 
 QString shownName(const QString& path) {
     return QFileInfo(path).fileName();
 }
 
-// A whole number with optional blanks around it and an optional sign, fitting 16 bits.
-std::optional<qint16> parseSizeLine(const QByteArray& line) {
-    bool ok = false;
-    const int value = line.trimmed().toInt(&ok, 10);
-    if (!ok || value < -32768 || value > 32767) return std::nullopt;
-    return static_cast<qint16>(value);
+// A size line holds a whole number with optional blanks around it and an optional sign.
+bool isWholeNumber(const QByteArray& text) {
+    const qsizetype start = text.startsWith('+') || text.startsWith('-') ? 1 : 0;
+    return text.size() > start && std::all_of(text.begin() + start, text.end(),
+                                              [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// The side a size line gives (negative when below the border), or nothing when it is no whole
+// number; a number too long for 64 bits counts as out of any range.
+std::optional<qint64> sideFromSizeLine(const QByteArray& line) {
+    const QByteArray text = line.trimmed();
+    if (!isWholeNumber(text)) return std::nullopt;
+    bool fits = false;
+    const qint64 value = text.toLongLong(&fits, 10);
+    if (!fits) return text.startsWith('-') ? -1 : std::numeric_limits<qint64>::max();
+    return value < SizeLineAllowance ? -1 : value - SizeLineAllowance;
 }
 
 struct Header {
@@ -45,20 +56,22 @@ std::optional<LevelFileRefusal> readHeader(LineReader& reader, const QString& na
             return LevelFileRefusal{
                 QStringLiteral("Soubor %1 nemá ani tři řádky, level v něm není.").arg(name)};
         const LineReader::Line line = reader.readLine(LongestSizeLine + 1);
-        const std::optional<qint16> value =
-            line.length > LongestSizeLine ? std::nullopt : parseSizeLine(line.text.toByteArray());
-        if (!value)
+        const std::optional<qint64> side = line.length > LongestSizeLine
+                                               ? std::nullopt
+                                               : sideFromSizeLine(line.text.toByteArray());
+        if (!side)
             return LevelFileRefusal{
                 QStringLiteral("Soubor %1: na řádku %2 není celé číslo (rozměr levelu).")
                     .arg(name)
                     .arg(i + 2)};
-        sides[i] = *value - SizeLineAllowance;
-        if (sides[i] < 0 || sides[i] > MaxLevelSide)
+        if (*side < 0 || *side > MaxLevelSide)
             return LevelFileRefusal{
-                QStringLiteral("Soubor %1: rozměr levelu %2 je mimo povolený rozsah 0 až %3.")
+                QStringLiteral(
+                    "Soubor %1: rozměr levelu na řádku %2 je mimo povolený rozsah 0 až %3.")
                     .arg(name)
-                    .arg(sides[i])
+                    .arg(i + 2)
                     .arg(MaxLevelSide)};
+        sides[i] = static_cast<int>(*side);
     }
     header = {sides[0], sides[1]};
     return std::nullopt;
@@ -133,7 +146,10 @@ QByteArray EncodeLevelFile(const Level& level) {
 std::optional<QString> WriteLevelFile(const Level& level, const QString& path) {
     QSaveFile file(path);
     const QByteArray bytes = EncodeLevelFile(level);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    // Unbuffered, so that a write the disk refuses fails here and commit() keeps the old file;
+    // a buffered tail that failed while closing would still be committed, cut off.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+        file.write(bytes) == bytes.size() && file.commit())
         return std::nullopt;
     return QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
         .arg(shownName(path), file.errorString());

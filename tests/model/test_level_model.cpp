@@ -8,6 +8,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -116,6 +119,17 @@ class LevelModelTest : public QObject {
         for (int y = 0; y < 3; ++y)
             for (int x = 0; x < 4; ++x) QCOMPARE(level.cell(x, y), 0);
 
+        // A row too long, and a file cut off inside a row, stop at that row.
+        dialogs.shown.clear();
+        writeAll(path(), levelFile(4, 3, {"1111", "11111", "1111"}));
+        QVERIFY(!ReadLevelFile(level, dialogs, path()));
+        writeAll(path(), levelFile(4, 3, {"1111", "1111", "1111"}).chopped(5));
+        QVERIFY(!ReadLevelFile(level, dialogs, path()));
+        QCOMPARE(dialogs.shown, QStringList({"error||NEODPOVIDA DELKA RADKU 1 V level99.VRK!",
+                                             "error||NEODPOVIDA DELKA RADKU 2 V level99.VRK!"}));
+        QCOMPARE(level.cell(3, 1), 1);
+        QCOMPARE(level.cell(3, 2), 0);
+
         // A short third row keeps rows 0 and 1; the last hero in reading order wins;
         // a lone LF is a byte of its line; bytes below "0" give negative codes.
         dialogs.shown.clear();
@@ -152,9 +166,13 @@ class LevelModelTest : public QObject {
             {"1\r\n 34 \r\n", "tři řádky"},
             {"1\r\nabc\r\n 34 \r\n", "řádku 2 není celé číslo"},
             {"1\r\n 34 \r\n 3 4\r\n", "řádku 3 není celé číslo"},
-            {"1\r\n 34 \r\n 99999 \r\n", "řádku 3 není celé číslo"},
-            {"1\r\n 13 \r\n 34 \r\n", "rozměr levelu -1"},
-            {"1\r\n 34 \r\n 1015 \r\n", "rozměr levelu 1001"},
+            {"1\r\n 34 \r\n 99999 \r\n", "řádku 3 je mimo"},  // beyond 16 bits
+            {"1\r\n 34 \r\n 99999999999999999999999 \r\n", "řádku 3 je mimo"},
+            {"1\r\n 13 \r\n 34 \r\n", "řádku 2 je mimo"},
+            {"1\r\n -34 \r\n 34 \r\n", "řádku 2 je mimo"},
+            {"1\r\n 34 \r\n 1015 \r\n", "řádku 3 je mimo"},
+            {"1\r\n+-3\r\n 34 \r\n", "řádku 2 není celé číslo"},
+            {QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), "řádku 2 není celé číslo"},
         };
         RecordingDialogs dialogs;
         for (const auto& c : cases) {
@@ -209,6 +227,17 @@ class LevelModelTest : public QObject {
         QCOMPARE(readAll(file), QByteArray("old level"));
         QFile::setPermissions(folder.path(),
                               QFile::permissions(folder.path()) | QFileDevice::WriteOwner);
+
+        // A full disk: the file system takes the first kilobyte only.
+        rlimit unlimited{};
+        getrlimit(RLIMIT_FSIZE, &unlimited);
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit kilobyte{1024, unlimited.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &kilobyte);
+        const auto diskFull = WriteLevelFile(level, file);  // 1.3 kB
+        setrlimit(RLIMIT_FSIZE, &unlimited);
+        QVERIFY(diskFull && diskFull->contains("level99.VRK"));
+        QCOMPARE(readAll(file), QByteArray("old level"));
 
         // A directory where the file should be.
         QVERIFY(QDir(folder.path()).mkdir("sub"));
