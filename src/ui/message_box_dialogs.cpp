@@ -7,6 +7,8 @@
 namespace {
 void showOk(QWidget* parent, QMessageBox::Icon icon, const QString& prompt, const QString& title) {
     QMessageBox box(icon, title, prompt, QMessageBox::Ok, parent);
+    // The reason and the file it names can be copied into a report.
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.button(QMessageBox::Ok)->setText(QStringLiteral("OK"));
     box.exec();
 }
