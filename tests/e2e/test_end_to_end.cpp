@@ -157,6 +157,58 @@ class EndToEndTest : public QObject {
         QVERIFY(!QFile::exists(QDir(empty.path()).filePath("level99.VRK")));
         QVERIFY(x.editorRunning());
     }
+
+    void aReadOnlyFolderKeepsItsLevel() {
+        QTemporaryDir readOnly, programs;
+        Grid start;
+        start[{7, 13}] = 135;
+        prepareFolder(QDir(readOnly.path()), levelFile(start));
+        const QFileDevice::Permissions readAndEnter =
+            QFileDevice::ReadOwner | QFileDevice::ExeOwner | QFileDevice::ReadGroup |
+            QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
+        QVERIFY(QFile::setPermissions(readOnly.path(), readAndEnter));
+        // A copy of the editor that an ordinary user may run, wherever the build lies.
+        const QString program = QDir(programs.path()).filePath("varnok-editor");
+        QVERIFY(QFile::copy(VARNOK_EDITOR, program));
+        QVERIFY(QFile::setPermissions(programs.path(), readAndEnter | QFileDevice::WriteOwner));
+
+        X11Session x;
+        QVERIFY(x.startEditor(program, readOnly.path(), X11Session::User::Ordinary));
+        dismissHelp(x);
+        x.resizeEditor(896, 1150);
+        x.click(x.clientOrigin() + QPoint(10 + 8 + 36, 1150 - 179 + 128 + 16));  // Uložit
+        QVERIFY(!x.waitForWindow("Uložit přes starý").isEmpty());
+        x.key("Return");
+        QVERIFY(x.messageText("Varnok Editor")
+                    .contains("Level se nepodařilo uložit do souboru level99.VRK"));
+        x.key("Return");
+        QVERIFY(x.windowGone("Varnok Editor"));
+        QVERIFY(x.editorRunning());
+        QFile saved(QDir(readOnly.path()).filePath("level99.VRK"));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QCOMPARE(saved.readAll(), levelFile(start));
+        QCOMPARE(QDir(readOnly.path()).entryList(QDir::Files).size(), 2);  // no leftovers
+    }
+
+    void aMalformedLevelIsToldAndTheEditorGoesOn() {
+        QByteArray longRow = levelFile({});
+        longRow.insert(15 + (7 + 3) * 36 + 20, '0');  // after the header and 10 lines: row 3
+        const QByteArray header = QByteArray("1\r\n 99999 \r\n 34 \r\n") + levelFile({}).mid(16);
+        const std::pair<QByteArray, const char*> files[] = {
+            {longRow, "NEODPOVIDA DELKA RADKU 3 V level99.VRK!"},
+            {header, "Soubor level99.VRK: rozměr levelu na řádku 2 je mimo povolený rozsah"}};
+        for (const auto& [bytes, message] : files) {
+            QTemporaryDir malformed;
+            prepareFolder(QDir(malformed.path()), bytes);
+            X11Session x;
+            QVERIFY(x.startEditor(VARNOK_EDITOR, malformed.path()));
+            const QString shown = x.messageText("Varnok Editor");
+            QVERIFY2(shown.contains(message), qPrintable(shown));
+            x.key("Return");
+            dismissHelp(x);  // start-up goes on to its end
+            QVERIFY(x.editorRunning());
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(EndToEndTest)

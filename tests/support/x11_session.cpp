@@ -6,11 +6,15 @@
 #include <QTemporaryFile>
 #include <QThread>
 
+#include <unistd.h>
+
 X11Session::X11Session() {
     environment = QProcessEnvironment::systemEnvironment();
     environment.remove("QT_QPA_PLATFORM");
-    // Xvfb picks a free display and writes its number to the descriptor named.
-    server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1600x2400x24", "-nolisten", "tcp"});
+    // Xvfb picks a free display and writes its number to the descriptor named. Without
+    // -noreset it resets whenever its last client leaves, refusing whoever connects meanwhile.
+    server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1600x2400x24", "-nolisten", "tcp",
+                          "-noreset"});
     server.waitForStarted();
     QByteArray display;
     while (!display.contains('\n') && server.waitForReadyRead(10000))
@@ -39,9 +43,17 @@ bool X11Session::xdotool(const QStringList& arguments, QByteArray* output) {
     return tool.exitStatus() == QProcess::NormalExit && tool.exitCode() == 0;
 }
 
-bool X11Session::startEditor(const QString& program, const QString& folder) {
+bool X11Session::startEditor(const QString& program, const QString& folder, User user) {
     QProcessEnvironment editorEnvironment = environment;
     editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
+    if (user == User::Ordinary && geteuid() == 0) {
+        constexpr uid_t nobody = 65534;
+        editorEnvironment.insert("HOME", "/nonexistent");
+        editorEnvironment.remove("XDG_RUNTIME_DIR");
+        editor.setChildProcessModifier([] {
+            if (setgid(nobody) != 0 || setuid(nobody) != 0) _exit(126);
+        });
+    }
     editor.setProcessEnvironment(editorEnvironment);
     editor.setWorkingDirectory(folder);
     editor.setProcessChannelMode(QProcess::ForwardedChannels);
@@ -86,8 +98,12 @@ QStringList X11Session::windowTitles() {
 }
 
 QPoint X11Session::clientOrigin() {
+    return windowOrigin(mainWindow);
+}
+
+QPoint X11Session::windowOrigin(const QString& window) {
     QByteArray shell;
-    xdotool({"getwindowgeometry", "--shell", mainWindow}, &shell);
+    xdotool({"getwindowgeometry", "--shell", window}, &shell);
     QPoint origin;
     for (const QByteArray& line : shell.split('\n')) {
         if (line.startsWith("X=")) origin.setX(line.mid(2).toInt());
@@ -122,6 +138,18 @@ void X11Session::drag(QPoint from, QPoint to, int button) {
 void X11Session::key(const QString& keys) {
     xdotool({"key", keys});
     QThread::msleep(200);
+}
+
+QString X11Session::messageText(const QString& title) {
+    // The boxes' texts are selectable: click into the text, select all, copy.
+    click(windowOrigin(waitForWindow(title)) + QPoint(100, 18));
+    key("ctrl+a");
+    key("ctrl+c");
+    QProcess clipboard;
+    clipboard.setProcessEnvironment(environment);
+    clipboard.start("xclip", {"-out", "-selection", "clipboard"});
+    clipboard.waitForFinished(10000);
+    return QString::fromUtf8(clipboard.readAllStandardOutput());
 }
 
 QImage X11Session::screenshot() {

@@ -13,8 +13,10 @@ class X11Session {
     ~X11Session();
     bool serverUp() const { return server.state() == QProcess::Running; }
 
-    // Starts the editor in `folder` and waits for its main window.
-    bool startEditor(const QString& program, const QString& folder);
+    // Starts the editor in `folder` and waits for its main window. As an ordinary user, the
+    // editor runs as "nobody" when the tests run as root, so that file permissions hold.
+    enum class User { Same, Ordinary };
+    bool startEditor(const QString& program, const QString& folder, User user = User::Same);
     bool editorRunning() const { return editor.state() == QProcess::Running; }
 
     // Waits until a window with exactly this title exists; its id, or empty.
@@ -24,12 +26,15 @@ class X11Session {
 
     // Client-area origin of the main window on the screen.
     QPoint clientOrigin();
+    QPoint windowOrigin(const QString& window);
     void resizeEditor(int width, int height);
     void click(QPoint screen, int button = 1);
     void drag(QPoint from, QPoint to, int button = 1);
     void key(const QString& keys);
     bool xdotool(const QStringList& arguments, QByteArray* output = nullptr);
     QImage screenshot();
+    // The text shown in the message box with this title, copied from the screen.
+    QString messageText(const QString& title);
 
   private:
     QProcessEnvironment environment;
