@@ -10,6 +10,19 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+namespace {
+// The cell whose picture was missing, or -1 when `paint` ran through.
+template <typename Paint>
+int failingCell(Paint paint) {
+    try {
+        paint();
+    } catch (const SheetCellError& error) {
+        return error.cell;
+    }
+    return -1;
+}
+}  // namespace
+
 // Properties over many random levels and edits, from a fixed seed so a failure repeats.
 class PropertyTest : public QObject {
     Q_OBJECT
@@ -19,10 +32,11 @@ class PropertyTest : public QObject {
         QRandomGenerator random(20261123);
         RecordingDialogs dialogs;
         for (int round = 0; round < 200; ++round) {
-            Level level;
+            Level level, back;
             level.Allocate(random.bounded(0, 60), random.bounded(0, 60));
-            for (int y = 0; y <= level.GridHeight; ++y)
-                for (int x = 0; x <= level.GridWidth; ++x) {
+            const int w = level.GridWidth, h = level.GridHeight;
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x) {
                     // Every code a file can carry: a carriage return (-35) would end its line.
                     const int code = random.bounded(-48, 208);
                     level.setCell(x, y, static_cast<qint16>(code == '\r' - 48 ? 0 : code));
@@ -30,15 +44,11 @@ class PropertyTest : public QObject {
             QByteArray bytes = EncodeLevelFile(level);
             QBuffer buffer(&bytes);
             buffer.open(QIODevice::ReadOnly);
-            Level back;
             QVERIFY(!ReadLevelFrom(back, dialogs, buffer, "level99.VRK"));
-            QCOMPARE(back.GridWidth, level.GridWidth);
-            QCOMPARE(back.GridHeight, level.GridHeight);
-            for (int y = 0; y <= level.GridHeight; ++y)
-                for (int x = 0; x <= level.GridWidth; ++x) {
-                    const bool proper = x < level.GridWidth && y < level.GridHeight;
-                    QCOMPARE(back.cell(x, y), proper ? level.cell(x, y) : 0);
-                }
+            QCOMPARE(QSize(back.GridWidth, back.GridHeight), QSize(w, h));
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x)
+                    QCOMPARE(back.cell(x, y), x < w && y < h ? level.cell(x, y) : 0);
         }
         QVERIFY(dialogs.shown.isEmpty());
     }
@@ -51,19 +61,17 @@ class PropertyTest : public QObject {
         for (int round = 0; round < 20; ++round) {
             Level level;
             level.Allocate(random.bounded(3, 40), random.bounded(3, 40));
+            const int w = level.GridWidth, h = level.GridHeight;
             LevelRenderer renderer(level, sheet);
             renderer.RedrawLevelCells([] { return WallToolCode; });
             for (int edit = 0; edit < 400; ++edit)
-                renderer.cells.DrawCell(random.bounded(-1, level.GridWidth + 2),
-                                        random.bounded(-1, level.GridHeight + 2),
+                renderer.cells.DrawCell(random.bounded(-1, w + 2), random.bounded(-1, h + 2),
                                         tools[random.bounded(26)]);
-            for (int y = 0; y <= level.GridHeight; ++y)
-                for (int x = 0; x <= level.GridWidth; ++x) {
-                    const int code = level.cell(x, y);
-                    if (x < level.GridWidth && y < level.GridHeight)
-                        QCOMPARE(renderer.map.cellAt(x, y), code);
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x) {
+                    if (x < w && y < h) QCOMPARE(renderer.map.cellAt(x, y), level.cell(x, y));
                     QCOMPARE(renderer.minimap.dotAt(x, y),
-                             *MinimapColourFor(code, MinimapBackground));
+                             *MinimapColourFor(level.cell(x, y), MinimapBackground));
                 }
         }
     }
@@ -77,35 +85,21 @@ class PropertyTest : public QObject {
         for (int round = 0; round < 300; ++round) {
             Level level;
             level.Allocate(random.bounded(0, 12), random.bounded(0, 12));
-            const bool withBadCodes = round % 3 == 0;
-            for (int y = 0; y <= level.GridHeight; ++y)
-                for (int x = 0; x <= level.GridWidth; ++x)
-                    level.setCell(x, y, qint16(codes[random.bounded(withBadCodes ? 16 : 13)]));
-            const QRgb start = qRgb(round, 1, 2);
-            auto fresh = [&](LevelRenderer& r) {
-                r.map.resize(level.GridWidth, level.GridHeight);
-                r.minimap.resize(level.GridWidth, level.GridHeight);
+            const int w = level.GridWidth, h = level.GridHeight;
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x)  // bad codes in every third round
+                    level.setCell(x, y, qint16(codes[random.bounded(round % 3 ? 13 : 16)]));
+            LevelRenderer whole(level, sheet, qRgb(round, 1, 2));
+            LevelRenderer single(level, sheet, qRgb(round, 1, 2));
+            for (LevelRenderer* r : {&whole, &single}) r->map.resize(w, h), r->minimap.resize(w, h);
+            auto cellByCell = [&] {
+                for (int x = 0; x <= w; ++x)
+                    for (int y = 0; y <= h; ++y) single.sprites.PaintSprite(x, y, level.cell(x, y));
             };
-            LevelRenderer whole(level, sheet, start), single(level, sheet, start);
-            fresh(whole);
-            fresh(single);
-            int wholeFailure = -1, singleFailure = -1;
-            try {
-                whole.sprites.PaintWholeGrid();
-            } catch (const SheetCellError& error) {
-                wholeFailure = error.cell;
-            }
-            try {
-                for (int x = 0; x <= level.GridWidth; ++x)
-                    for (int y = 0; y <= level.GridHeight; ++y)
-                        single.sprites.PaintSprite(x, y, level.cell(x, y));
-            } catch (const SheetCellError& error) {
-                singleFailure = error.cell;
-            }
-            QCOMPARE(wholeFailure, singleFailure);
+            QCOMPARE(failingCell([&] { whole.sprites.PaintWholeGrid(); }), failingCell(cellByCell));
             QCOMPARE(whole.minimap.drawingColour(), single.minimap.drawingColour());
-            for (int y = 0; y <= level.GridHeight; ++y)
-                for (int x = 0; x <= level.GridWidth; ++x) {
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x) {
                     QCOMPARE(whole.map.cellAt(x, y), single.map.cellAt(x, y));
                     QCOMPARE(whole.minimap.dotAt(x, y), single.minimap.dotAt(x, y));
                 }
