@@ -1,7 +1,11 @@
+#include <cmath>
+#include <vector>
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QImage>
+#include <QPainter>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -24,20 +28,20 @@ QColor patch(const QImage& image, QPoint centre) {
     return QColor(r / 25, g / 25, b / 25);
 }
 
-// The floor is light warm sand; a wall, with its cracks and moss, is anything far from that.
-bool isWall(QColor colour) {
-    const int dr = colour.red() - 196, dg = colour.green() - 178, db = colour.blue() - 140;
-    return dr * dr + dg * dg + db * db > 45 * 45;
-}
-
 QImage cell(int n) {
     return sheet().copy((n % 10) * 64, (n / 10) * 64, 64, 64);
 }
 
+double distance(QColor a, QColor b) {
+    return std::hypot(a.red() - b.red(), a.green() - b.green(), a.blue() - b.blue());
+}
+// The floor is light warm sand; a wall, with its cracks and moss, is anything far from that.
+bool isWall(QColor colour) {
+    return distance(colour, QColor(196, 178, 140)) > 45;
+}
 // Room walls are the grey wall stone, far from every room's floor.
 bool isStone(QColor colour) {
-    const int dr = colour.red() - 98, dg = colour.green() - 96, db = colour.blue() - 108;
-    return dr * dr + dg * dg + db * db < 30 * 30;
+    return distance(colour, QColor(98, 96, 108)) < 30;
 }
 
 }  // namespace
@@ -90,51 +94,40 @@ class ArtworkTest : public QObject {
                                 {6, 0, 0, 0, 5},
                                 {22, 4, 3, 2, 19}};
         QImage laid(320, 320, QImage::Format_RGB32);
-        for (int y = 0; y < 5; ++y)
-            for (int x = 0; x < 5; ++x) {
-                const QImage piece = cell(ring[y][x]);
-                for (int py = 0; py < 64; ++py)
-                    for (int px = 0; px < 64; ++px)
-                        laid.setPixel(x * 64 + px, y * 64 + py, piece.pixel(px, py));
-            }
-        for (int along = 32; along <= 288; along += 2) {
+        QPainter painter(&laid);
+        for (int i = 0; i < 25; ++i)
+            painter.drawImage(i % 5 * 64, i / 5 * 64, cell(ring[i / 5][i % 5]));
+        for (int along = 32; along <= 288; along += 2)
             for (QPoint at :
                  {QPoint(along, 32), QPoint(along, 288), QPoint(32, along), QPoint(288, along)})
                 QVERIFY2(isWall(patch(laid, at)),
                          qPrintable(QStringLiteral("gap at %1, %2").arg(at.x()).arg(at.y())));
-        }
     }
 
     void everyCellHasAPictureAndTheDoorwayFitsEveryRoom() {
         for (int n = 0; n < 140; ++n) {
             int darkest = 255, lightest = 0;
             const QImage picture = cell(n);
-            for (int y = 0; y < 64; ++y)
-                for (int x = 0; x < 64; ++x) {
-                    darkest = std::min(darkest, qGray(picture.pixel(x, y)));
-                    lightest = std::max(lightest, qGray(picture.pixel(x, y)));
-                }
+            for (int i = 0; i < 64 * 64; ++i) {
+                const int grey = qGray(picture.pixel(i % 64, i / 64));
+                darkest = std::min(darkest, grey), lightest = std::max(lightest, grey);
+            }
             QVERIFY2(lightest - darkest > 12,
                      qPrintable(QStringLiteral("cell %1 is blank").arg(n)));
         }
-        // Bottom rows of the blocks: the doorway 114 takes the place of the listed cell.
-        const struct {
-            int row[4];
-            int columns;
-        } bottoms[8] = {{{60, 114, 62}, 3},        {{63, 114, 65}, 3},       {{100, 114, 102}, 3},
-                        {{103, 114, 105}, 3},      {{56, 114, 58, 59}, 4},   {{86, 114, 88, 89}, 4},
-                        {{116, 117, 114, 119}, 4}, {{130, 114, 132, 133}, 4}};
-        for (const auto& bottom : bottoms) {
-            // The bottom wall runs unbroken through every cell, the doorway's posts included,
-            // and only the doorway is open in the middle.
-            for (int i = 0; i < bottom.columns; ++i) {
-                const QImage picture = cell(bottom.row[i]);
+        // Bottom rows of the blocks: the doorway 114 takes the place of the listed cell. The
+        // bottom wall runs unbroken through every cell, the doorway's posts included, and only
+        // the doorway is open in the middle.
+        const std::vector<int> bottoms[8] = {
+            {60, 114, 62},     {63, 114, 65},     {100, 114, 102},      {103, 114, 105},
+            {56, 114, 58, 59}, {86, 114, 88, 89}, {116, 117, 114, 119}, {130, 114, 132, 133}};
+        for (const auto& bottom : bottoms)
+            for (int code : bottom) {
                 for (int x : {3, 60})
-                    QVERIFY2(isStone(patch(picture, {x, 58})),
-                             qPrintable(QStringLiteral("cell %1 at %2").arg(bottom.row[i]).arg(x)));
-                QCOMPARE(isStone(patch(picture, {32, 58})), bottom.row[i] != 114);
+                    QVERIFY2(isStone(patch(cell(code), {x, 58})),
+                             qPrintable(QStringLiteral("cell %1 at %2").arg(code).arg(x)));
+                QCOMPARE(isStone(patch(cell(code), {32, 58})), code != 114);
             }
-        }
     }
 
     void theGeneratorDrawsTheSameEveryTime() {
