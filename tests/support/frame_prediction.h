@@ -31,9 +31,8 @@ inline std::map<std::pair<int, int>, int> predictedFrame(int w, int h) {
     };
     auto drawWall = [&](int x, int y) {
         shape(x, y);
-        const int around[4][2] = {{x - 1, y}, {x, y + 1}, {x + 1, y}, {x, y - 1}};
-        for (auto& n : around)
-            if (isWall(n[0], n[1]) == '1') shape(n[0], n[1]);
+        for (auto [nx, ny] : {std::pair{x - 1, y}, {x, y + 1}, {x + 1, y}, {x, y - 1}})
+            if (isWall(nx, ny) == '1') shape(nx, ny);
     };
     for (int x = 1; x <= w - 2; ++x) drawWall(x, 1), drawWall(x, h - 2);
     for (int y = 1; y <= h - 2; ++y) drawWall(1, y), drawWall(w - 2, y);
