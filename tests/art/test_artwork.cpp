@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -106,13 +107,11 @@ class ArtworkTest : public QObject {
 
     void everyCellHasAPictureAndTheDoorwayFitsEveryRoom() {
         for (int n = 0; n < 140; ++n) {
-            int darkest = 255, lightest = 0;
             const QImage picture = cell(n);
-            for (int i = 0; i < 64 * 64; ++i) {
-                const int grey = qGray(picture.pixel(i % 64, i / 64));
-                darkest = std::min(darkest, grey), lightest = std::max(lightest, grey);
-            }
-            QVERIFY2(lightest - darkest > 12,
+            std::vector<int> greys;
+            for (int i = 0; i < 64 * 64; ++i) greys.push_back(qGray(picture.pixel(i % 64, i / 64)));
+            const auto [darkest, lightest] = std::minmax_element(greys.begin(), greys.end());
+            QVERIFY2(*lightest - *darkest > 12,
                      qPrintable(QStringLiteral("cell %1 is blank").arg(n)));
         }
         // Bottom rows of the blocks: the doorway 114 takes the place of the listed cell. The
