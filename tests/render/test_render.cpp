@@ -168,11 +168,12 @@ class RenderTest : public QObject {
             QCOMPARE(f.renderer.minimap.dotAt(3, 3), colour);
         }
 
-        // The painter's bounds include the margin and nothing beyond it.
+        // The painter's bounds include the margin and nothing beyond it; a cell one step
+        // outside a row would land at the end of the row above or the start of the one below.
         f.renderer.sprites.PaintSprite(-1, 4, 25);
         f.renderer.sprites.PaintSprite(31, 4, 25);
         f.renderer.sprites.PaintSprite(30, 20, 25);
-        f.expect({{0, 4, 0}, {30, 20, 25}});
+        f.expect({{30, 3, 0}, {0, 5, 0}, {30, 20, 25}});
     }
 
     void canvasesPaintWhatWasDrawn() {
