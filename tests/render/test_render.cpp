@@ -101,6 +101,28 @@ class RenderTest : public QObject {
         QCOMPARE(fresh.renderer.map.cellAt(0, 0), 0);  // an unset hero reads as (0, 0)
     }
 
+    void generatorFollowsItsFormula() {
+        RandomGenerator random;
+        std::uint64_t x = 327680;
+        for (int i = 0; i < 5; ++i) {
+            x = (1140671485ull * x + 12820163ull) % 16777216ull;
+            QCOMPARE(random.next(), float(x) / 16777216.0f);
+        }
+        // Straight pieces split 1/2, 1/6, 1/6, 1/6; the first costs one draw, the others two.
+        Fixture f(3, 3);
+        int counts[9] = {};
+        for (int i = 0; i < 60000; ++i) {
+            RandomGenerator oneDraw = f.renderer.random;
+            oneDraw.next();
+            const int piece = f.renderer.cells.RandomVariant();
+            QCOMPARE(piece == 1, oneDraw.state() == f.renderer.random.state());
+            ++counts[piece];
+            ++counts[f.renderer.cells.RandomVariant2()];
+        }
+        for (int piece : {1, 5}) QVERIFY(qAbs(counts[piece] - 30000) < 600);
+        for (int piece : {2, 3, 4, 6, 7, 8}) QVERIFY(qAbs(counts[piece] - 10000) < 500);
+    }
+
     void redrawPaintsTheLevelAndItsFrame() {
         for (auto [w, h] : {std::pair{20, 13}, {3, 3}}) {
             Fixture f(w, h);
