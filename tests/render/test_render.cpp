@@ -124,7 +124,7 @@ class RenderTest : public QObject {
     }
 
     void redrawPaintsTheLevelAndItsFrame() {
-        for (auto [w, h] : {std::pair{20, 13}, {3, 3}}) {
+        for (auto [w, h] : {std::pair{20, 20}, {20, 13}, {3, 3}}) {
             Fixture f(w, h);
             f.renderer.map.resize(1, 1), f.renderer.minimap.resize(1, 1);
             int presses = 0;
