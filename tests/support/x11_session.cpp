@@ -85,18 +85,6 @@ bool X11Session::windowGone(const QString& title, int timeoutMs) {
     return false;
 }
 
-QStringList X11Session::windowTitles() {
-    QByteArray ids;
-    xdotool({"search", "--onlyvisible", "--name", "."}, &ids);
-    QStringList titles;
-    for (const QByteArray& id : ids.split('\n')) {
-        QByteArray name;
-        if (!id.isEmpty() && xdotool({"getwindowname", QString::fromLatin1(id)}, &name))
-            titles << QString::fromUtf8(name).trimmed();
-    }
-    return titles;
-}
-
 QPoint X11Session::clientOrigin() {
     return windowOrigin(mainWindow);
 }

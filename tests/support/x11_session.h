@@ -22,7 +22,6 @@ class X11Session {
     // Waits until a window with exactly this title exists; its id, or empty.
     QString waitForWindow(const QString& title, int timeoutMs = 20000);
     bool windowGone(const QString& title, int timeoutMs = 5000);
-    QStringList windowTitles();
 
     // Client-area origin of the main window on the screen.
     QPoint clientOrigin();

@@ -148,10 +148,6 @@ class EditingTest : public QObject {
         dialogs.answers = {false};
         form.Command3_Click();  // Open answered No
         QCOMPARE(form.level.GridWidth, 30);
-        form.Text1->setText("2");
-        form.Command1_Click();  // a size New cannot make: warned, level kept
-        QCOMPARE(dialogs.shown.last(), "warning|Pozor|" + EditorTexts::BadNewSize(MaxLevelSide));
-        QCOMPARE(form.level.GridWidth, 30);
 
         form.Text1->setText("20");
         form.Command1_Click();
@@ -179,18 +175,6 @@ class EditingTest : public QObject {
         form.Command1_Click();
         QVERIFY(!form.Picture2->isHidden() && form.Label3->isHidden());
         QVERIFY(!QApplication::overrideCursor());
-
-        // Start-up with a malformed header: told, then a new level.
-        writeLevel(emptyLevel(10, 10));
-        QFile file(LevelFileName);
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        file.write("1\r\nten\r\n");
-        file.close();
-        dialogs.shown.clear();
-        Form1 second(dialogs);
-        second.Form_Load();
-        QVERIFY(dialogs.shown.value(0).contains("level99.VRK"));
-        QCOMPARE(second.level.GridWidth, 20);
     }
 };
 
