@@ -19,11 +19,12 @@ bool hasPicture(int code) {
     return code >= 0 && code < SheetCellCount;
 }
 
-// Whether any of the codes lacks a picture; a plain loop the compiler can vectorise.
+// Whether any of the codes lacks a picture. A maximum is a reduction the compiler vectorises;
+// negative codes count as large ones.
 bool anyWithoutPicture(const qint16* codes, int count) {
-    bool found = false;
-    for (int x = 0; x < count; ++x) found |= static_cast<quint16>(codes[x]) >= SheetCellCount;
-    return found;
+    quint16 highest = 0;
+    for (int x = 0; x < count; ++x) highest = std::max(highest, static_cast<quint16>(codes[x]));
+    return highest >= SheetCellCount;
 }
 
 // The first cell, column by column, whose code has no picture; x is -1 when there is none.
