@@ -11,6 +11,14 @@ void Level::Allocate(int width, int height) {
                      FloorCode);
 }
 
+void Level::AllocateUnwritten(int width, int height) {
+    GridWidth = static_cast<qint16>(width);
+    GridHeight = static_cast<qint16>(height);
+    HeroX.reset();
+    HeroY.reset();
+    LevelGrid.resize(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1));
+}
+
 qint16 IsWallAt(const Level& level, int x, int y) {
     if (!(x > 0 && x < level.GridWidth && y > 0 && y < level.GridHeight)) return 0;
     return isWallPiece(level.cell(x, y)) ? 1 : 0;

@@ -84,7 +84,7 @@ std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs, co
     QFile file(path);
     if (!file.exists())
         return LevelFileRefusal{QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true};
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return LevelFileRefusal{
             QStringLiteral("Soubor %1 nelze otevřít: %2").arg(name, file.errorString())};
     return ReadLevelFrom(level, dialogs, file, name);
@@ -96,10 +96,13 @@ std::optional<LevelFileRefusal> ReadLevelFrom(Level& level, Dialogs& dialogs, QI
     Header header;
     if (auto refusal = readHeader(reader, name, header)) return refusal;
 
-    level.Allocate(header.width, header.height);
+    // Every cell is written below: the rows read, then floor from the first row not read on,
+    // the margin included.
+    level.AllocateUnwritten(header.width, header.height);
     const qint64 lineLength = header.width + SizeLineAllowance;
     for (int i = 0; i < FileBorder && !reader.atEnd(); ++i) reader.readLine(0);
-    for (int y = 0; y < header.height; ++y) {
+    int y = 0;
+    for (; y < header.height; ++y) {
         if (reader.atEnd()) break;
         const LineReader::Line line = reader.readLine(lineLength + 1);
         if (line.length != lineLength) {
@@ -110,12 +113,14 @@ std::optional<LevelFileRefusal> ReadLevelFrom(Level& level, Dialogs& dialogs, QI
         qint16* cells = level.row(y);
         for (int x = 0; x < header.width; ++x)
             cells[x] = static_cast<qint16>(bytes[x] - FileCodeOffset);
+        cells[header.width] = FloorCode;
         // The last hero in reading order wins.
         if (const void* hero = memrchr(bytes, FileCodeOffset + HeroCode, header.width)) {
             level.HeroX = static_cast<int>(static_cast<const unsigned char*>(hero) - bytes);
             level.HeroY = y;
         }
     }
+    std::fill(level.row(y), level.row(header.height) + header.width + 1, FloorCode);
     return std::nullopt;
 }
 

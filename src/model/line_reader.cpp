@@ -6,7 +6,7 @@
 #include <cstring>
 
 namespace {
-constexpr qint64 BlockSize = 1 << 16;
+constexpr qint64 BlockSize = 1 << 20;
 }
 
 bool LineReader::fill() {
