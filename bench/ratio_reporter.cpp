@@ -5,6 +5,8 @@
 void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
     ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
+        // Of repeated runs, the median stands for the figure: a busy moment moves it least.
+        if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
         if (run.iterations > 0)
             nanoseconds[run.benchmark_name()] =
                 run.GetAdjustedRealTime() *
