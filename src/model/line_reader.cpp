@@ -6,7 +6,7 @@
 #include <cstring>
 
 namespace {
-constexpr qint64 BlockSize = 1 << 20;
+constexpr qint64 BlockSize = 1 << 18;
 }
 
 bool LineReader::fill() {

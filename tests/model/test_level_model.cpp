@@ -85,11 +85,12 @@ class LevelModelTest : public QObject {
 
         QCOMPARE(back.HeroX.value_or(-1), 12);
         QCOMPARE(back.HeroY.value_or(-1), 7);
-        // The widest level: its lines cross the reader's blocks.
+        // The largest level: over a megabyte, so a line crosses the end of the reader's block.
         Level widest;
-        widest.Allocate(MaxLevelSide, 80);
-        for (int y = 0; y < 80; ++y)
-            for (int x = 0; x < MaxLevelSide; x += 7) widest.setCell(x, y, static_cast<qint16>(y));
+        widest.Allocate(MaxLevelSide, MaxLevelSide);
+        for (int y = 0; y < MaxLevelSide; ++y)
+            for (int x = 0; x < MaxLevelSide; x += 7)
+                widest.setCell(x, y, static_cast<qint16>(y % 208));
         QVERIFY(!WriteLevelFile(widest, path()));
         QVERIFY(!ReadLevelFile(back, dialogs, path()));
         QVERIFY(dialogs.shown.isEmpty());
