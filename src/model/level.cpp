@@ -2,13 +2,11 @@
 
 #include "tile_codes.h"
 
+#include <algorithm>
+
 void Level::Allocate(int width, int height) {
-    GridWidth = static_cast<qint16>(width);
-    GridHeight = static_cast<qint16>(height);
-    HeroX.reset();
-    HeroY.reset();
-    LevelGrid.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
-                     FloorCode);
+    AllocateUnwritten(width, height);
+    std::fill(LevelGrid.begin(), LevelGrid.end(), FloorCode);
 }
 
 void Level::AllocateUnwritten(int width, int height) {

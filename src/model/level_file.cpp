@@ -84,7 +84,7 @@ std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs, co
     QFile file(path);
     if (!file.exists())
         return LevelFileRefusal{QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true};
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!file.open(QIODevice::ReadOnly))
         return LevelFileRefusal{
             QStringLiteral("Soubor %1 nelze otevřít: %2").arg(name, file.errorString())};
     return ReadLevelFrom(level, dialogs, file, name);

@@ -27,9 +27,9 @@ void MapCanvas::drawCell(int x, int y, int sheetCell) {
 
 void MapCanvas::drawRow(int y, const qint16* sheetCells, int count) {
     if (y < 0 || y >= height) return;
-    std::copy_n(sheetCells, std::clamp(count, 0, width),
-                cells.begin() + static_cast<std::ptrdiff_t>(y) * width);
-    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
+    const int drawn = std::clamp(count, 0, width);
+    std::copy_n(sheetCells, drawn, cells.begin() + static_cast<std::ptrdiff_t>(y) * width);
+    if (changed && drawn > 0) changed(QRect(0, y * TileSize, drawn * TileSize, TileSize));
 }
 
 int MapCanvas::cellAt(int x, int y) const {

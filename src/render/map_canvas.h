@@ -30,7 +30,7 @@ class MapCanvas {
     // as a picture drawn beyond a surface's edge is.
     void drawCell(int x, int y, int sheetCell);
     // Copies sheet cells onto map cells (0, y) .. (count - 1, y) at once, as drawCell does
-    // one by one; the change is told as one whole-surface change.
+    // one by one; the change is told once, for the row.
     void drawRow(int y, const qint16* sheetCells, int count);
     int cellAt(int x, int y) const;  // Cleared also for cells off the surface
 

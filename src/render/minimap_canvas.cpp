@@ -49,9 +49,9 @@ void MinimapCanvas::drawDot(int x, int y) {
 
 void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
     if (y < 0 || y > height) return;
-    std::copy_n(colours, std::clamp(count, 0, width + 1),
-                dots.begin() + static_cast<std::ptrdiff_t>(y) * (width + 1));
-    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
+    const int drawn = std::clamp(count, 0, width + 1);
+    std::copy_n(colours, drawn, dots.begin() + static_cast<std::ptrdiff_t>(y) * (width + 1));
+    if (changed && drawn > 0) changed(dotRect(0, y).united(dotRect(drawn - 1, y)));
 }
 
 QRgb MinimapCanvas::dotAt(int x, int y) const {
