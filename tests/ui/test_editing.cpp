@@ -225,12 +225,13 @@ class EditingTest : public QObject {
         }
     }
 
-    void newRefusesSizesItCannotMake() {
+    void badSizesAndFilesLeaveTheLevelAsItIs() {
         Form1 form(dialogs);
         form.Form_Load();
-        const QString warned = "warning|Pozor|" + EditorTexts::BadNewSize(MaxLevelSide);
-        form.Picture2_MouseDown(1, 0, 5 * 64 + 5, 5 * 64 + 5);  // a New would clear this wall
+        form.Picture2_MouseDown(1, 0, 5 * 64 + 5, 5 * 64 + 5);  // a New or a read would clear it
         const QByteArray level = EncodeLevelFile(form.level);
+        QCOMPARE(form.level.cell(5, 5), 14);
+        const QString warned = "warning|Pozor|" + EditorTexts::BadNewSize(MaxLevelSide);
         const char* texts[] = {
             "", "  ", "-20", "twenty", "20.5", "0x20", "2", "1001", "99999999999999999999999"};
         for (QLineEdit* field : {form.Text1, form.Text2})
@@ -243,19 +244,6 @@ class EditingTest : public QObject {
                 QVERIFY2(dialogs.shown == QStringList{warned}, text);
                 QCOMPARE(EncodeLevelFile(form.level), level);
             }
-        form.Text1->setText(" +3 ");
-        form.Text2->setText("007");
-        form.Command1_Click();
-        QCOMPARE(form.level.GridWidth, 3);
-        QCOMPARE(form.level.GridHeight, 7);
-    }
-
-    void aFileItCannotUseLeavesTheLevelAsItIs() {
-        Form1 form(dialogs);
-        form.Form_Load();
-        form.Picture2_MouseDown(1, 0, 5 * 64 + 5, 5 * 64 + 5);
-        const QByteArray level = EncodeLevelFile(form.level);
-        QCOMPARE(form.level.cell(5, 5), 14);
         const QByteArray files[] = {"",
                                     "\x7f"
                                     "ELF\x02\x01\x01\0\0\0",
@@ -288,6 +276,12 @@ class EditingTest : public QObject {
         QCOMPARE(EncodeLevelFile(form.level), withHero);
         QVERIFY(QFileInfo(LevelFileName).isDir());
         QDir().rmdir(LevelFileName);
+
+        form.Text1->setText(" +3 ");
+        form.Text2->setText("007");
+        form.Command1_Click();
+        QCOMPARE(form.level.GridWidth, 3);
+        QCOMPARE(form.level.GridHeight, 7);
     }
 };
 
