@@ -4,20 +4,27 @@
 
 #include <algorithm>
 
-void Level::Allocate(int width, int height) {
-    AllocateUnwritten(width, height);
-    std::fill(LevelGrid.begin(), LevelGrid.end(), FloorCode);
+void Level::reset(int width, int height) {
+    resetUnwritten(width, height);
+    std::fill(cells.begin(), cells.end(), FloorCode);
 }
 
-void Level::AllocateUnwritten(int width, int height) {
-    GridWidth = static_cast<qint16>(width);
-    GridHeight = static_cast<qint16>(height);
-    HeroX.reset();
-    HeroY.reset();
-    LevelGrid.resize(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1));
+void Level::resetUnwritten(int width, int height) {
+    columns = width;
+    rows = height;
+    heroCell.reset();
+    cells.resize(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1));
 }
 
-qint16 IsWallAt(const Level& level, int x, int y) {
-    if (!(x > 0 && x < level.GridWidth && y > 0 && y < level.GridHeight)) return 0;
-    return isWallPiece(level.cell(x, y)) ? 1 : 0;
+bool isWallAt(const Level& level, int x, int y) {
+    return x > 0 && x < level.width() && y > 0 && y < level.height() &&
+           isWallPiece(level.cell(x, y));
+}
+
+bool containsHero(const Level& level) {
+    for (int y = 0; y < level.height(); ++y) {
+        const qint16* row = level.row(y);
+        if (std::find(row, row + level.width(), HeroCode) != row + level.width()) return true;
+    }
+    return false;
 }

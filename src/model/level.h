@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QtGlobal>
 
 #include <memory>
@@ -27,44 +28,51 @@ struct UnsetAllocator : std::allocator<T> {
 };
 
 // The one level in memory: its two sizes, the grid of tile codes and the hero's start.
-// The grid has one margin column x = GridWidth and one margin row y = GridHeight beyond the
+// The grid has one margin column x = width() and one margin row y = height() beyond the
 // level proper; the whole-level redraw paints them, the level file never holds them.
 class Level {
   public:
-    qint16 GridWidth = 0;
-    qint16 GridHeight = 0;
-    // Unset until a hero is read or placed; unset reads as cell (0, 0).
-    std::optional<int> HeroX;
-    std::optional<int> HeroY;
+    int width() const { return columns; }
+    int height() const { return rows; }
 
-    // Sets both sizes, forgets the hero and replaces the grid by (W + 1) x (H + 1) zeros.
+    // Sets both sizes, forgets the hero and makes a grid of (W + 1) x (H + 1) floor cells.
     // Sizes are 0..MaxLevelSide; callers check them before anything is discarded.
-    void Allocate(int width, int height);
+    void reset(int width, int height);
     // The same, but the cells keep whatever they held: the caller writes every one.
-    void AllocateUnwritten(int width, int height);
+    void resetUnwritten(int width, int height);
 
     bool contains(int x, int y) const {
-        return x >= 0 && x <= GridWidth && y >= 0 && y <= GridHeight && !LevelGrid.empty();
+        return x >= 0 && x <= columns && y >= 0 && y <= rows && !cells.empty();
     }
-    qint16 cell(int x, int y) const { return LevelGrid[index(x, y)]; }
+    qint16 cell(int x, int y) const { return cells[index(x, y)]; }
     // Only the file reader and the sprite painter write cells.
-    void setCell(int x, int y, qint16 code) { LevelGrid[index(x, y)] = code; }
+    void setCell(int x, int y, qint16 code) { cells[index(x, y)] = code; }
 
-    // A row of the level proper, for the file reader and writer, which go row by row.
-    qint16* row(int y) { return LevelGrid.data() + index(0, y); }
-    const qint16* row(int y) const { return LevelGrid.data() + index(0, y); }
+    // A row of the grid, for the file reader and writer and the renderers, which go by rows.
+    qint16* row(int y) { return cells.data() + index(0, y); }
+    const qint16* row(int y) const { return cells.data() + index(0, y); }
 
-    int heroXOrOrigin() const { return HeroX.value_or(0); }
-    int heroYOrOrigin() const { return HeroY.value_or(0); }
+    // The hero's cell as last read or placed; unset until then.
+    std::optional<QPoint> hero() const { return heroCell; }
+    void setHero(std::optional<QPoint> cell) { heroCell = cell; }
+    // An unset hero reads as cell (0, 0).
+    QPoint heroOrOrigin() const { return heroCell.value_or(QPoint(0, 0)); }
 
   private:
     std::size_t index(int x, int y) const {
-        return static_cast<std::size_t>(y) * (GridWidth + 1) + static_cast<std::size_t>(x);
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(columns + 1) +
+               static_cast<std::size_t>(x);
     }
-    std::vector<qint16, UnsetAllocator<qint16>>
-        LevelGrid;  // row by row, (GridWidth + 1) cells a row
+
+    int columns = 0;
+    int rows = 0;
+    std::optional<QPoint> heroCell;
+    std::vector<qint16, UnsetAllocator<qint16>> cells;  // row by row, width + 1 cells a row
 };
 
-// 1 when (x, y) lies strictly inside the level's outer ring of columns and rows 0 and at
-// most W - 1, H - 1, and holds a wall piece; 0 otherwise. Never reads outside the grid.
-qint16 IsWallAt(const Level& level, int x, int y);
+// Whether (x, y) lies strictly inside the level's outer ring (columns and rows 0 and W - 1,
+// H - 1 never count) and holds a wall piece. Never reads outside the grid.
+bool isWallAt(const Level& level, int x, int y);
+
+// Whether the level proper holds the hero's start anywhere: what Save asks for.
+bool containsHero(const Level& level);

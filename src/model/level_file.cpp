@@ -1,6 +1,5 @@
 #include "level_file.h"
 
-#include "dialogs.h"
 #include "level.h"
 #include "line_reader.h"
 #include "tile_codes.h"
@@ -46,59 +45,56 @@ struct Header {
     int height = 0;
 };
 
-std::optional<LevelFileRefusal> readHeader(LineReader& reader, const QString& name,
-                                           Header& header) {
+// Checks the header; the refusal, or empty when the header is good.
+QString readHeader(LineReader& reader, const QString& name, Header& header) {
     int sides[2] = {0, 0};
-    if (reader.atEnd()) return LevelFileRefusal{QStringLiteral("Soubor %1 je prázdný.").arg(name)};
+    if (reader.atEnd()) return QStringLiteral("Soubor %1 je prázdný.").arg(name);
     reader.readLine(0);
     for (int i = 0; i < 2; ++i) {
         if (reader.atEnd())
-            return LevelFileRefusal{
-                QStringLiteral("Soubor %1 nemá ani tři řádky, level v něm není.").arg(name)};
+            return QStringLiteral("Soubor %1 nemá ani tři řádky, level v něm není.").arg(name);
         const LineReader::Line line = reader.readLine(LongestSizeLine + 1);
         const std::optional<qint64> side = line.length > LongestSizeLine
                                                ? std::nullopt
                                                : sideFromSizeLine(line.text.toByteArray());
         if (!side)
-            return LevelFileRefusal{
-                QStringLiteral("Soubor %1: na řádku %2 není celé číslo (rozměr levelu).")
-                    .arg(name)
-                    .arg(i + 2)};
+            return QStringLiteral("Soubor %1: na řádku %2 není celé číslo (rozměr levelu).")
+                .arg(name)
+                .arg(i + 2);
         if (*side < 0 || *side > MaxLevelSide)
-            return LevelFileRefusal{
-                QStringLiteral(
-                    "Soubor %1: rozměr levelu na řádku %2 je mimo povolený rozsah 0 až %3.")
-                    .arg(name)
-                    .arg(i + 2)
-                    .arg(MaxLevelSide)};
+            return QStringLiteral(
+                       "Soubor %1: rozměr levelu na řádku %2 je mimo povolený rozsah 0 až %3.")
+                .arg(name)
+                .arg(i + 2)
+                .arg(MaxLevelSide);
         sides[i] = static_cast<int>(*side);
     }
     header = {sides[0], sides[1]};
-    return std::nullopt;
+    return {};
 }
 
 }  // namespace
 
-std::optional<LevelFileRefusal> ReadLevelFile(Level& level, Dialogs& dialogs, const QString& path) {
+LevelReadResult readLevelFile(Level& level, const QString& path) {
     const QString name = shownName(path);
     QFile file(path);
-    if (!file.exists())
-        return LevelFileRefusal{QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true};
+    if (!file.exists()) return {QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true, {}};
     if (!file.open(QIODevice::ReadOnly))
-        return LevelFileRefusal{
-            QStringLiteral("Soubor %1 nelze otevřít: %2").arg(name, file.errorString())};
-    return ReadLevelFrom(level, dialogs, file, name);
+        return {
+            QStringLiteral("Soubor %1 nelze otevřít: %2").arg(name, file.errorString()), false, {}};
+    return readLevelFrom(level, file, name);
 }
 
-std::optional<LevelFileRefusal> ReadLevelFrom(Level& level, Dialogs& dialogs, QIODevice& device,
-                                              const QString& name) {
+LevelReadResult readLevelFrom(Level& level, QIODevice& device, const QString& name) {
     LineReader reader(device);
     Header header;
-    if (auto refusal = readHeader(reader, name, header)) return refusal;
+    LevelReadResult result;
+    result.refusal = readHeader(reader, name, header);
+    if (!result.ok()) return result;
 
     // Every cell is written below: the rows read, then floor from the first row not read on,
     // the margin included.
-    level.AllocateUnwritten(header.width, header.height);
+    level.resetUnwritten(header.width, header.height);
     const qint64 lineLength = header.width + SizeLineAllowance;
     for (int i = 0; i < FileBorder && !reader.atEnd(); ++i) reader.readLine(0);
     int y = 0;
@@ -106,7 +102,7 @@ std::optional<LevelFileRefusal> ReadLevelFrom(Level& level, Dialogs& dialogs, QI
         if (reader.atEnd()) break;
         const LineReader::Line line = reader.readLine(lineLength + 1);
         if (line.length != lineLength) {
-            dialogs.error(QStringLiteral("NEODPOVIDA DELKA RADKU %1 V %2!").arg(y).arg(name));
+            result.warning = QStringLiteral("NEODPOVIDA DELKA RADKU %1 V %2!").arg(y).arg(name);
             break;
         }
         const auto* bytes = reinterpret_cast<const unsigned char*>(line.text.data()) + FileBorder;
@@ -116,17 +112,17 @@ std::optional<LevelFileRefusal> ReadLevelFrom(Level& level, Dialogs& dialogs, QI
         cells[header.width] = FloorCode;
         // The last hero in reading order wins.
         if (const void* hero = memrchr(bytes, FileCodeOffset + HeroCode, header.width)) {
-            level.HeroX = static_cast<int>(static_cast<const unsigned char*>(hero) - bytes);
-            level.HeroY = y;
+            level.setHero(
+                QPoint(static_cast<int>(static_cast<const unsigned char*>(hero) - bytes), y));
         }
     }
     std::fill(level.row(y), level.row(header.height) + header.width + 1, FloorCode);
-    return std::nullopt;
+    return result;
 }
 
-QByteArray EncodeLevelFile(const Level& level) {
-    const int width = level.GridWidth;
-    const int height = level.GridHeight;
+QByteArray encodeLevelFile(const Level& level) {
+    const int width = level.width();
+    const int height = level.height();
     const qsizetype lineLength = width + SizeLineAllowance;
     const QByteArray sizeLines = "1\r\n " + QByteArray::number(width + SizeLineAllowance) +
                                  " \r\n " + QByteArray::number(height + SizeLineAllowance) +
@@ -148,14 +144,14 @@ QByteArray EncodeLevelFile(const Level& level) {
     return bytes;
 }
 
-std::optional<QString> WriteLevelFile(const Level& level, const QString& path) {
+LevelWriteResult writeLevelFile(const Level& level, const QString& path) {
     QSaveFile file(path);
-    const QByteArray bytes = EncodeLevelFile(level);
+    const QByteArray bytes = encodeLevelFile(level);
     // Unbuffered, so that a write the disk refuses fails here and commit() keeps the old file;
     // a buffered tail that failed while closing would still be committed, cut off.
     if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
         file.write(bytes) == bytes.size() && file.commit())
-        return std::nullopt;
-    return QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
-        .arg(shownName(path), file.errorString());
+        return {};
+    return {QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
+                .arg(shownName(path), file.errorString())};
 }

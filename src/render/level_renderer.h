@@ -1,35 +1,41 @@
 #pragma once
 
-#include "cell_drawer.h"
 #include "map_canvas.h"
 #include "minimap_canvas.h"
 #include "random_generator.h"
 #include "sprite_painter.h"
-
-#include <functional>
+#include "tool_painter.h"
 
 class Level;
-class SpriteSheet;
 
-// Everything that draws one level: the two canvases, the generator and the painters.
-struct LevelRenderer {
-    LevelRenderer(Level& level, const SpriteSheet& sheet, QRgb minimapDrawingColour = qRgb(0, 0, 0))
-        : level(level),
-          minimap(minimapDrawingColour),
-          sprites(level, sheet, map, minimap),
-          cells(level, sprites, random) {}
+// Everything that draws one level: the two canvases, the wall generator and the painters.
+class LevelRenderer {
+  public:
+    explicit LevelRenderer(Level& level, QRgb minimapDrawingColour = qRgb(0, 0, 0));
+    LevelRenderer(const LevelRenderer&) = delete;
+    LevelRenderer& operator=(const LevelRenderer&) = delete;
 
-    // The drawing part of the whole-level redraw: sizes and clears both canvases, paints
-    // every cell from the grid including the margin, presses the wall tool and draws the
-    // frame one cell inside the edge. `pressWallTool` selects the wall and returns the code
-    // the frame is drawn with. A failure while painting the cells reaches the caller, with
-    // the cells painted so far kept.
-    void RedrawLevelCells(const std::function<int()>& pressWallTool);
+    // The first half of a whole-level redraw: sizes and clears both canvases and paints every
+    // cell from the grid, the margin included. False when a code without a picture stopped
+    // it; the cells painted before it stay.
+    [[nodiscard]] bool repaintGrid();
+    // The second half: the wall frame one cell inside the level's edge, drawn with `tool`
+    // along the top and bottom rows, then the left and right columns.
+    void drawFrame(int tool);
 
+    MapCanvas& map() { return mapCanvas; }
+    const MapCanvas& map() const { return mapCanvas; }
+    MinimapCanvas& minimap() { return minimapCanvas; }
+    const MinimapCanvas& minimap() const { return minimapCanvas; }
+    SpritePainter& sprites() { return spritePainter; }
+    ToolPainter& tools() { return toolPainter; }
+    RandomGenerator& random() { return generator; }
+
+  private:
     Level& level;
-    MapCanvas map;
-    MinimapCanvas minimap;
-    RandomGenerator random;
-    SpritePainter sprites;
-    CellDrawer cells;
+    MapCanvas mapCanvas;
+    MinimapCanvas minimapCanvas;
+    RandomGenerator generator;
+    SpritePainter spritePainter;
+    ToolPainter toolPainter;
 };

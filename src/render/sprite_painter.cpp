@@ -2,53 +2,105 @@
 
 #include "level.h"
 #include "map_canvas.h"
+#include "minimap_canvas.h"
 #include "minimap_dots.h"
-#include "sprite_sheet.h"
+#include "room_blocks.h"
 #include "tile_codes.h"
 
-namespace {
-struct RoomBlock {
-    int topLeft;  // sheet cell of the block's top-left corner
-    int columns;
-    int rows;
-    int sharedColumn;  // bottom-row position painted with the shared doorway cell
-};
-constexpr RoomBlock RoomBlocks[RoomCount] = {
-    {30, 3, 4, 1}, {33, 3, 4, 1}, {70, 3, 4, 1}, {73, 3, 4, 1},
-    {36, 4, 3, 1}, {66, 4, 3, 1}, {96, 4, 3, 2}, {110, 4, 3, 1},
-};
-bool knownRoom(int room) {
-    return room >= 0 && room < RoomCount;
-}
-}  // namespace
+#include <algorithm>
+#include <array>
+#include <vector>
 
-int RoomBlockColumns(int room) {
-    return knownRoom(room) ? RoomBlocks[room].columns : 0;
-}
-int RoomBlockRows(int room) {
-    return knownRoom(room) ? RoomBlocks[room].rows : 0;
-}
-
-int RoomBlockCode(int room, int dx, int dy) {
-    if (!knownRoom(room)) return -1;
-    const RoomBlock& block = RoomBlocks[room];
-    if (dx < 0 || dx >= block.columns || dy < 0 || dy >= block.rows) return -1;
-    if (dy == block.rows - 1 && dx == block.sharedColumn) return SharedRoomCell;
-    return block.topLeft + SheetColumns * dy + dx;
-}
-
-void SpritePainter::PaintSprite(int x, int y, int code) {
-    if (x < 0 || x > level.GridWidth || y < 0 || y > level.GridHeight) return;
+bool SpritePainter::paintSprite(int x, int y, int code) {
+    if (x < 0 || x > level.width() || y < 0 || y > level.height()) return false;
     level.setCell(x, y, static_cast<qint16>(code));
     const int stored = level.cell(x, y);
-    sheet.cellRect(stored);  // a code without a picture fails here, after the store
+    if (!hasPicture(stored)) return false;
     map.drawCell(x, y, stored);
-    PlotMinimapCell(minimap, x, y, code);
+    plotMinimapCell(minimap, x, y, code);
+    return true;
 }
 
-void SpritePainter::PaintTileSprite(int x, int y, int room) {
-    for (int dy = 0; dy < RoomBlockRows(room); ++dy) {
-        for (int dx = 0; dx < RoomBlockColumns(room); ++dx)
-            PaintSprite(x + dx, y + dy, RoomBlockCode(room, dx, dy));
+void SpritePainter::paintRoom(int x, int y, int room) {
+    const RoomBlock block = roomBlock(room);
+    for (int dy = 0; dy < block.rows; ++dy) {
+        for (int dx = 0; dx < block.columns; ++dx)
+            paintSprite(x + dx, y + dy, roomBlockCode(room, dx, dy));
     }
+}
+
+namespace {
+
+// Never a dot colour (every real one is opaque): marks dots that inherit their colour.
+constexpr QRgb Inherited = 0;
+
+// Whether any of the codes lacks a picture. A maximum is a reduction the compiler vectorises;
+// negative codes count as large ones.
+bool anyWithoutPicture(const qint16* codes, int count) {
+    quint16 highest = 0;
+    for (int x = 0; x < count; ++x) highest = std::max(highest, static_cast<quint16>(codes[x]));
+    return highest >= SheetCellCount;
+}
+
+}  // namespace
+
+std::optional<QPoint> firstCellWithoutPicture(const Level& level) {
+    std::optional<QPoint> first;
+    for (int y = 0; y <= level.height(); ++y) {
+        const qint16* row = level.row(y);
+        // Only a column left of one already found comes earlier.
+        const int columns = first ? first->x() : level.width() + 1;
+        if (!anyWithoutPicture(row, columns)) continue;
+        first = QPoint(static_cast<int>(std::find_if_not(row, row + columns, hasPicture) - row), y);
+    }
+    return first;
+}
+
+bool SpritePainter::paintWholeGrid() {
+    const int width = level.width();
+    const int height = level.height();
+    static const std::array<QRgb, SheetCellCount> colourOf = [] {
+        std::array<QRgb, SheetCellCount> table;
+        for (int code = 0; code < SheetCellCount; ++code)
+            table[code] = minimapColourFor(code, MinimapBackground).value_or(Inherited);
+        return table;
+    }();
+
+    // Every cell before the failing one in column order is painted: in each row, the columns
+    // left of it, and its own column in the rows above it.
+    const std::optional<QPoint> failingCell = firstCellWithoutPicture(level);
+    const bool fails = failingCell.has_value();
+    const QPoint failing = failingCell.value_or(QPoint(-1, 0));
+    bool inherits = false;
+    std::vector<QRgb> colours(static_cast<std::size_t>(width) + 1);
+    for (int y = 0; y <= height; ++y) {
+        const qint16* row = level.row(y);
+        const int count = !fails ? width + 1 : failing.x() + (y < failing.y() ? 1 : 0);
+        for (int x = 0; x < count; ++x) {
+            colours[x] = colourOf[row[x]];
+            inherits |= colours[x] == Inherited;
+        }
+        map.drawRow(y, row, count);
+        minimap.drawDotRow(y, colours.data(), count);
+    }
+
+    // Dots of uncoloured codes take the drawing colour left by the dot before them, which a
+    // second walk in column order hands on; without them, the last painted dot's colour.
+    const QPoint last = !fails            ? QPoint(width, height)
+                        : failing.y() > 0 ? failing - QPoint(0, 1)
+                                          : QPoint(failing.x() - 1, height);
+    if (inherits) {
+        for (int x = 0; x <= last.x(); ++x) {
+            for (int y = 0; y <= (x < last.x() ? height : last.y()); ++y) {
+                const QRgb dot = minimap.dotAt(x, y);
+                if (dot == Inherited)
+                    minimap.drawDot(x, y);
+                else
+                    minimap.setDrawingColour(dot);
+            }
+        }
+    } else if (last.x() >= 0) {
+        minimap.setDrawingColour(minimap.dotAt(last.x(), last.y()));
+    }
+    return !fails;
 }

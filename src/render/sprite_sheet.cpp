@@ -2,16 +2,23 @@
 
 #include "tile_codes.h"
 
-#include <string>
-
-SheetCellError::SheetCellError(int n)
-    : std::out_of_range("no sprite-sheet cell " + std::to_string(n)), cell(n) {}
-
 // RGB32 is the format the map's blits copy fastest; colours stay as they are.
 SpriteSheet::SpriteSheet(QImage image) : sheet(image.convertToFormat(QImage::Format_RGB32)) {}
 
+SpriteSheet SpriteSheet::builtIn() {
+    return SpriteSheet(QImage(QStringLiteral(":/sheet/EditPic.jpg")));
+}
+
+bool SpriteSheet::usable(const QImage& image) {
+    return image.width() >= SheetColumns && image.height() >= SheetRows;
+}
+
+QSize SpriteSheet::cellSize() const {
+    return {sheet.width() / SheetColumns, sheet.height() / SheetRows};
+}
+
 QRect SpriteSheet::cellRect(int n) const {
-    if (n < 0 || n >= SheetCellCount) throw SheetCellError(n);
+    Q_ASSERT(hasPicture(n));
     const QSize size = cellSize();
     return {(n % SheetColumns) * size.width(), (n / SheetColumns) * size.height(), size.width(),
             size.height()};

@@ -4,7 +4,7 @@
 
 namespace EditorTexts {
 
-QString HelpText() {
+QString helpText() {
     static const QStringList lines = {
         QStringLiteral("Nacházíte se v Editoru uživatelského levelu ke hře Varnok"),
         QStringLiteral("V levém sloupečku se nacházejí tlačítka s objekty, které můžete "
@@ -29,11 +29,11 @@ QString HelpText() {
     return lines.join(QStringLiteral("\r\n"));
 }
 
-QString BadNewSize(int largest) {
+QString badNewSize(int largest) {
     return QStringLiteral("Rozměry levelu musí být celá čísla od 3 do %1.").arg(largest);
 }
 
-QString UnreadableSheet(const QString& fileName) {
+QString unreadableSheet(const QString& fileName) {
     return QStringLiteral("Obrázek %1 nelze načíst, použije se vestavěný.").arg(fileName);
 }
 

@@ -18,11 +18,11 @@ inline const QString RedrawFailed = QStringLiteral("Chyba: asi špatné rozměry
 inline const QString Loading = QStringLiteral("Načítám Level...");
 
 // The help box: 13 lines joined by CR LF, none after the last.
-QString HelpText();
+QString helpText();
 
 // New with a size it cannot make: what is accepted.
-QString BadNewSize(int largest);
+QString badNewSize(int largest);
 // EditPic.jpg present but unreadable: the built-in sheet is used instead.
-QString UnreadableSheet(const QString& fileName);
+QString unreadableSheet(const QString& fileName);
 
 }  // namespace EditorTexts

@@ -2,6 +2,8 @@
 
 #include <QRect>
 
+class QWidget;
+
 // A control's place in its container as the editor computes it: floats, rounded only when
 // the widget is placed.
 struct Placement {
@@ -13,3 +15,7 @@ struct Placement {
     QRect rounded() const { return {qRound(left), qRound(top), qRound(width), qRound(height)}; }
     bool operator==(const Placement&) const = default;
 };
+
+// Places a widget by floats and remembers the place in `current`; a negative size is
+// rejected and changes nothing. Returns whether it moved.
+bool placeWidget(QWidget* widget, Placement& current, const Placement& next);

@@ -1,20 +1,20 @@
-#include "map_view_math.h"
+#include "map_geometry.h"
 
 #include "map_canvas.h"
 #include "minimap_canvas.h"
 
 #include <cmath>
 
-int CellUnder(float coordinate) {
+int cellUnder(float coordinate) {
     return static_cast<int>(std::nearbyint(coordinate)) / TileSize;  // rounds half to even
 }
 
-bool IsPaintableCell(int column, int row, int gridWidth, int gridHeight) {
-    return column >= 2 && row >= 2 && column < gridWidth - 2 && row < gridHeight - 2;
+bool isPaintableCell(int column, int row, int levelWidth, int levelHeight) {
+    return column >= 2 && row >= 2 && column < levelWidth - 2 && row < levelHeight - 2;
 }
 
-MapPlacement ScrollAtEdges(MapPlacement map, float x, float y, float viewportWidth,
-                           float viewportHeight) {
+Placement scrollAtEdges(Placement map, float x, float y, float viewportWidth,
+                        float viewportHeight) {
     // Each threshold is a float before it is compared.
     const float rightZone = viewportWidth - map.left - EdgeMargin;
     if (x > rightZone && map.left > viewportWidth - map.width) map.left -= EdgeStep;
@@ -27,7 +27,7 @@ MapPlacement ScrollAtEdges(MapPlacement map, float x, float y, float viewportWid
     return map;
 }
 
-FrameRect ViewFrameFor(float mapLeft, float mapTop, float viewportWidth, float viewportHeight) {
+Placement viewFrameFor(float mapLeft, float mapTop, float viewportWidth, float viewportHeight) {
     constexpr float tile = TileSize;
     constexpr float dot = MinimapCellSize;
     return {(-mapLeft / tile) * dot, (-mapTop / tile) * dot, (viewportWidth / tile) * dot,

@@ -1,0 +1,30 @@
+#include "level_renderer.h"
+
+#include "level.h"
+
+LevelRenderer::LevelRenderer(Level& level, QRgb minimapDrawingColour)
+    : level(level),
+      minimapCanvas(minimapDrawingColour),
+      spritePainter(level, mapCanvas, minimapCanvas),
+      toolPainter(level, spritePainter, generator) {}
+
+bool LevelRenderer::repaintGrid() {
+    minimapCanvas.resize(level.width(), level.height());
+    minimapCanvas.clear();
+    mapCanvas.clear();
+    mapCanvas.resize(level.width(), level.height());
+    return spritePainter.paintWholeGrid();
+}
+
+void LevelRenderer::drawFrame(int tool) {
+    const int width = level.width();
+    const int height = level.height();
+    for (int x = 1; x <= width - 2; ++x) {
+        toolPainter.applyTool(x, 1, tool);
+        toolPainter.applyTool(x, height - 2, tool);
+    }
+    for (int y = 1; y <= height - 2; ++y) {
+        toolPainter.applyTool(1, y, tool);
+        toolPainter.applyTool(width - 2, y, tool);
+    }
+}

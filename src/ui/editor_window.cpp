@@ -1,0 +1,188 @@
+#include "editor_window.h"
+
+#include "dialogs.h"
+#include "editor_look.h"
+#include "editor_texts.h"
+#include "level_document.h"
+#include "level_menu.h"
+#include "map_canvas.h"
+#include "map_geometry.h"
+#include "map_viewport.h"
+#include "minimap_canvas.h"
+#include "minimap_view.h"
+#include "tile_codes.h"
+#include "tool_strip.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+// A side New can make: a whole number from 3 (room for the frame) to the largest side.
+std::optional<int> sideFromField(const QString& text) {
+    bool ok = false;
+    const int side = text.trimmed().toInt(&ok, 10);
+    if (!ok || side < 3 || side > MaxLevelSide) return std::nullopt;
+    return side;
+}
+}  // namespace
+
+EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
+    : document(document), dialogs(dialogs) {
+    // MS Sans Serif's widths are Liberation Sans's.
+    QFont::insertSubstitution(QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"));
+    setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+    setWindowTitle(QStringLiteral("VARNOK LEVEL EDITOR"));
+    QIcon icon;
+    icon.addFile(QStringLiteral(":/icon/icon32.png"));
+    icon.addFile(QStringLiteral(":/icon/icon16.png"));
+    setWindowIcon(icon);
+    setColour(this, QPalette::Window, QColor(192, 192, 192));
+    setAutoFillBackground(true);
+    resize(896, 641);
+
+    helpButton = new QPushButton(QStringLiteral("???"), this);
+    helpButton->setObjectName(QStringLiteral("helpButton"));
+    helpButton->setGeometry(0, 0, 46, 17);
+    helpButton->setFont(boldSansSerif(7.8));
+    toolStrip = new ToolStrip(this);
+    levelMenu = new LevelMenu(this);
+    minimapView = new MinimapView(this, document.minimap());
+    minimapView->move({8, 24, 144.8f, 88.8f});
+    mapViewport = new MapViewport(this, document);
+    mouseHintLabel = new QLabel(QStringLiteral("Levým tl. myši kreslíte, pravým hýbete"), this);
+    mouseHintLabel->setObjectName(QStringLiteral("mouseHintLabel"));
+    mouseHintLabel->setGeometry(48, 0, 193, 17);
+
+    connect(helpButton, &QPushButton::clicked, this, &EditorWindow::showHelp);
+    connect(levelMenu, &LevelMenu::newRequested, this, &EditorWindow::newLevel);
+    connect(levelMenu, &LevelMenu::openRequested, this, &EditorWindow::openLevel);
+    connect(levelMenu, &LevelMenu::saveRequested, this, &EditorWindow::saveLevel);
+    connect(toolStrip, &ToolStrip::toolSelected, this, &EditorWindow::selectTool);
+    connect(minimapView, &MinimapView::mapPointPressed, mapViewport, &MapViewport::minimapPressed);
+    connect(minimapView, &MinimapView::mapPointDragged, mapViewport, &MapViewport::minimapDragged);
+    connect(mapViewport, &MapViewport::viewMoved, this, &EditorWindow::updateMinimapViewFrame);
+}
+
+EditorWindow::~EditorWindow() {
+    showBusy(false);
+}
+
+void EditorWindow::startUp() {
+    selectTool(WallToolCode);
+    if (!document.loadSpriteSheet())
+        dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
+    show();
+    loadLevel(LoadMoment::StartUp);
+    showHelp();
+}
+
+void EditorWindow::loadLevel(LoadMoment moment) {
+    const LevelReadResult read = document.open();
+    if (!read.ok()) {
+        if (!read.missing || moment == LoadMoment::Open) dialogs.error(read.refusal);
+        // At start-up the editor goes on with a new level; on Open the level stays.
+        if (moment == LoadMoment::StartUp) newLevel();
+        return;
+    }
+    if (!read.warning.isEmpty()) dialogs.error(read.warning);
+    levelMenu->showSizes(document.level().width(), document.level().height());
+    redrawLevel();
+    layOutControls();
+}
+
+void EditorWindow::newLevel() {
+    const auto width = sideFromField(levelMenu->widthText());
+    const auto height = sideFromField(levelMenu->heightText());
+    if (!width || !height) {
+        dialogs.warning(EditorTexts::badNewSize(MaxLevelSide), EditorTexts::NoHeroTitle);
+        return;
+    }
+    document.newLevel(*width, *height);
+    redrawLevel();
+    layOutControls();
+}
+
+void EditorWindow::saveLevel() {
+    if (!dialogs.question(EditorTexts::SaveQuestion, EditorTexts::SaveTitle)) return;
+    if (!containsHero(document.level())) {
+        dialogs.warning(EditorTexts::NoHero, EditorTexts::NoHeroTitle);
+        return;
+    }
+    if (const LevelWriteResult written = document.save(); !written.ok())
+        dialogs.error(written.failure);
+}
+
+void EditorWindow::openLevel() {
+    if (dialogs.question(EditorTexts::OpenQuestion, EditorTexts::OpenTitle))
+        loadLevel(LoadMoment::Open);
+}
+
+void EditorWindow::showHelp() {
+    dialogs.information(EditorTexts::helpText(), EditorTexts::HelpTitle);
+}
+
+void EditorWindow::redrawLevel() {
+    showBusy(true);
+    mapViewport->showLoading();
+    const float dot = MinimapCellSize;
+    minimapView->move({10, static_cast<float>(mouseHintLabel->height()),
+                       dot * static_cast<float>(document.level().width()),
+                       dot * static_cast<float>(document.level().height())});
+    mapViewport->fitMapToLevel();
+    // Repainting once afterwards is cheaper than scheduling every cell.
+    mapViewport->deferUpdates(true);
+    minimapView->deferUpdates(true);
+    if (!document.repaintGrid()) {
+        // What was painted stays; the map stays hidden until a redraw completes.
+        minimapView->deferUpdates(false);
+        dialogs.error(EditorTexts::RedrawFailed);
+        return;
+    }
+    toolStrip->pressTool(WallToolCode);
+    document.drawFrame(tool);
+    mapViewport->deferUpdates(false);
+    minimapView->deferUpdates(false);
+    showBusy(false);
+    mapViewport->showMap();
+}
+
+void EditorWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    layOutControls();
+}
+
+// The left column is as wide as the minimap; the menu sits at the bottom, the palette
+// between the two; the map viewport takes the rest. A move that would give a negative size
+// is skipped and the others still run.
+void EditorWindow::layOutControls() {
+    const auto clientWidth = static_cast<float>(width());
+    const auto clientHeight = static_cast<float>(height());
+    const Placement minimap = minimapView->placement();
+    const float menuHeight = levelMenu->placement().height;
+    levelMenu->move({10, clientHeight - menuHeight - 10, minimap.width, menuHeight});
+    toolStrip->moveViewport({10, minimap.top + minimap.height + 10, minimap.width,
+                             levelMenu->placement().top - minimap.height - minimap.top - 20});
+    mapViewport->move({minimap.width + 20, minimap.top, clientWidth - minimap.width - 30,
+                       clientHeight - minimap.top - 10});
+    updateMinimapViewFrame();
+}
+
+void EditorWindow::updateMinimapViewFrame() {
+    const Placement map = mapViewport->mapPlacement();
+    const Placement view = mapViewport->placement();
+    minimapView->showViewFrame(viewFrameFor(map.left, map.top, view.width, view.height));
+}
+
+void EditorWindow::selectTool(int code) {
+    tool = code;
+    mapViewport->setTool(code);
+}
+
+void EditorWindow::showBusy(bool shown) {
+    // The override cursor is a stack: keep exactly one entry while the hourglass shows.
+    if (shown && !busy) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!shown && busy) QApplication::restoreOverrideCursor();
+    busy = shown;
+}

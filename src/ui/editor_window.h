@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QWidget>
+
+class Dialogs;
+class LevelDocument;
+class LevelMenu;
+class MapViewport;
+class MinimapView;
+class QLabel;
+class QPushButton;
+class ToolStrip;
+
+// The editor's one window: the help button and the mouse hint along the top, the minimap,
+// the palette and the level menu in the left column, the map viewport beside them.
+class EditorWindow : public QWidget {
+    Q_OBJECT
+
+  public:
+    EditorWindow(LevelDocument& document, Dialogs& dialogs);
+    ~EditorWindow() override;
+
+    // Start-up: the wall tool, the sprite sheet, the window, the level, then the help box.
+    void startUp();
+    void newLevel();
+    void saveLevel();
+    void openLevel();
+    void showHelp();
+    int selectedTool() const { return tool; }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    enum class LoadMoment { StartUp, Open };
+    void loadLevel(LoadMoment moment);
+    void redrawLevel();
+    void layOutControls();
+    void updateMinimapViewFrame();
+    void selectTool(int code);
+    void showBusy(bool busy);
+
+    LevelDocument& document;
+    Dialogs& dialogs;
+    QPushButton* helpButton;
+    ToolStrip* toolStrip;
+    LevelMenu* levelMenu;
+    MinimapView* minimapView;
+    MapViewport* mapViewport;
+    QLabel* mouseHintLabel;
+    int tool = 0;
+    bool busy = false;
+};

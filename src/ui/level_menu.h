@@ -1,0 +1,35 @@
+#pragma once
+
+#include "placement.h"
+
+#include <QGroupBox>
+
+class QLineEdit;
+class QPushButton;
+
+// The "Menu" block: the two size fields with the "x" between them and the buttons New,
+// Open and Save.
+class LevelMenu : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    explicit LevelMenu(QWidget* parent);
+
+    const Placement& placement() const { return place; }
+    // Moves and sizes the block; a negative size is rejected and changes nothing.
+    bool move(const Placement& next) { return placeWidget(this, place, next); }
+
+    QString widthText() const;
+    QString heightText() const;
+    void showSizes(int width, int height);
+
+  signals:
+    void newRequested();
+    void openRequested();
+    void saveRequested();
+
+  private:
+    Placement place;
+    QLineEdit* widthField;
+    QLineEdit* heightField;
+};

@@ -1,0 +1,137 @@
+#include "map_viewport.h"
+
+#include "editor_look.h"
+#include "editor_texts.h"
+#include "level_document.h"
+#include "map_canvas.h"
+#include "map_geometry.h"
+#include "map_surface.h"
+#include "outline_shape.h"
+#include "tools.h"
+
+#include <QLabel>
+
+MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
+    : QFrame(parent), document(document) {
+    setObjectName(QStringLiteral("mapViewport"));
+    setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setLineWidth(2);
+    setColour(this, QPalette::Window, QColor(0, 0, 64));
+    setAutoFillBackground(true);
+    move({584, 248, 649, 497});
+    client = new QWidget(this);
+    client->setGeometry(contentsRect());
+    mapSurface = new MapSurface(client, document.map(), document.sheet());
+    mapSurface->move({48, 104, 392.8f, 320.8f});
+    connect(mapSurface, &MouseSurface::pressed, this, &MapViewport::mapPressed);
+    connect(mapSurface, &MouseSurface::moved, this, &MapViewport::mapMoved);
+    cursorOutline =
+        new OutlineShape(mapSurface, QColor(0, 0, 255), QStringLiteral("cursorOutline"));
+    cursorOutline->move({0, 0, 51.2f, 51.2f});
+    // The loading label lies on the viewport itself, under the map: seen only while the map
+    // is hidden for a redraw.
+    loadingLabel = new QLabel(EditorTexts::Loading, client);
+    loadingLabel->setObjectName(QStringLiteral("loadingLabel"));
+    loadingLabel->setGeometry(Placement{40, 40, 246, 37}.rounded());
+    loadingLabel->setFont(boldSansSerif(24));
+    setColour(loadingLabel, QPalette::WindowText, QColor(0, 0, 255));
+    loadingLabel->lower();
+    loadingLabel->hide();
+}
+
+bool MapViewport::move(const Placement& next) {
+    if (!placeWidget(this, place, next)) return false;
+    if (client) client->setGeometry(contentsRect());
+    return true;
+}
+
+const Placement& MapViewport::mapPlacement() const {
+    return mapSurface->placement();
+}
+
+void MapViewport::setTool(int code) {
+    tool = code;
+    const QSize cells = toolFootprint(code);
+    Placement outline = cursorOutline->placement();
+    outline.width = static_cast<float>(TileSize * cells.width());
+    outline.height = static_cast<float>(TileSize * cells.height());
+    cursorOutline->move(outline);
+}
+
+void MapViewport::fitMapToLevel() {
+    const float tile = TileSize;
+    mapSurface->move({0, 0, tile * static_cast<float>(document.level().width()),
+                      tile * static_cast<float>(document.level().height())});
+}
+
+void MapViewport::showLoading() {
+    mapSurface->hide();
+    loadingLabel->show();
+    repaint();  // the loading label shows before the long work
+}
+
+void MapViewport::deferUpdates(bool defer) {
+    mapSurface->deferUpdates(defer);
+}
+
+void MapViewport::showMap() {
+    mapSurface->show();
+    loadingLabel->hide();
+    show();
+}
+
+void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position) {
+    if (button == Qt::RightButton)
+        mapGrabPoint = QPointF(static_cast<float>(position.x()), static_cast<float>(position.y()));
+    else if (button == Qt::LeftButton)
+        mapMoved(button, position);  // a single click paints
+}
+
+void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
+    const auto x = static_cast<float>(position.x());
+    const auto y = static_cast<float>(position.y());
+    if (buttons == Qt::RightButton) {
+        const Placement map = mapSurface->placement();
+        moveMap(map.left + x - static_cast<float>(mapGrabPoint.x()),
+                map.top + y - static_cast<float>(mapGrabPoint.y()));
+        emit viewMoved();
+    } else if (buttons == Qt::LeftButton) {
+        const QPoint cell(cellUnder(x), cellUnder(y));
+        const Level& level = document.level();
+        if (!isPaintableCell(cell.x(), cell.y(), level.width(), level.height())) return;
+        if (lastPaintedCell != cell) {
+            document.applyTool(cell.x(), cell.y(), tool);
+            lastPaintedCell = cell;
+            const Placement scrolled =
+                scrollAtEdges(mapSurface->placement(), x, y, place.width, place.height);
+            moveMap(scrolled.left, scrolled.top);
+            emit viewMoved();
+        }
+    }
+    moveOutline(x, y);
+}
+
+void MapViewport::minimapPressed(Qt::MouseButtons button, QPointF mapPoint) {
+    mapPressed(button, mapPoint);
+}
+
+void MapViewport::minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint) {
+    moveMap(-static_cast<float>(mapPoint.x()) + place.width / 2,
+            -static_cast<float>(mapPoint.y()) + place.height / 2);
+    emit viewMoved();
+    if (buttons == Qt::LeftButton) mapMoved(buttons, mapPoint);
+}
+
+void MapViewport::moveMap(float left, float top) {
+    Placement map = mapSurface->placement();
+    map.left = left;
+    map.top = top;
+    mapSurface->move(map);
+}
+
+void MapViewport::moveOutline(float x, float y) {
+    Placement outline = cursorOutline->placement();
+    outline.left = static_cast<float>(cellUnder(x) * TileSize);
+    outline.top = static_cast<float>(cellUnder(y) * TileSize);
+    cursorOutline->move(outline);
+}

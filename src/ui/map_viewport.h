@@ -1,0 +1,63 @@
+#pragma once
+
+#include "placement.h"
+
+#include <QFrame>
+#include <QPoint>
+
+#include <optional>
+
+class LevelDocument;
+class MapSurface;
+class OutlineShape;
+class QLabel;
+
+// The window onto the full-size map. The left button paints the selected tool inside the
+// wall frame, scrolling the map when the pointer nears an edge; the right button drags the
+// map; a blue outline shows the cells the tool would cover.
+class MapViewport : public QFrame {
+    Q_OBJECT
+
+  public:
+    MapViewport(QWidget* parent, LevelDocument& document);
+
+    const Placement& placement() const { return place; }
+    // Moves and sizes the viewport; a negative size is rejected and changes nothing.
+    bool move(const Placement& next);
+    const Placement& mapPlacement() const;
+
+    // The tool painted from now on; the outline takes its size.
+    void setTool(int code);
+    // Sizes the map for the document's level, at the top-left of the viewport.
+    void fitMapToLevel();
+    // While loading, the map is hidden, the loading label shows and canvas changes schedule
+    // no repaint; afterwards the map shows again, repainted whole.
+    void showLoading();
+    void deferUpdates(bool defer);
+    void showMap();
+
+    // The mouse on the map, in map pixels; the minimap hands on its own presses and drags as
+    // the map points they stand for.
+    void mapPressed(Qt::MouseButtons button, QPointF position);
+    void mapMoved(Qt::MouseButtons buttons, QPointF position);
+    void minimapPressed(Qt::MouseButtons button, QPointF mapPoint);
+    void minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint);
+
+  signals:
+    // The map moved inside the viewport, or the viewport changed its size.
+    void viewMoved();
+
+  private:
+    void moveMap(float left, float top);
+    void moveOutline(float x, float y);
+
+    LevelDocument& document;
+    Placement place;
+    QWidget* client = nullptr;  // the inside of the sunken border, holding the map
+    MapSurface* mapSurface;
+    OutlineShape* cursorOutline;
+    QLabel* loadingLabel;
+    int tool = 0;
+    QPointF mapGrabPoint;
+    std::optional<QPoint> lastPaintedCell;
+};

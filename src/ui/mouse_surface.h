@@ -1,0 +1,30 @@
+#pragma once
+
+#include "placement.h"
+
+#include <QWidget>
+
+// A surface with a background colour and a float placement that tells its mouse presses
+// (the button pressed) and moves (every button held) in its own pixels. After a press the
+// moves keep coming while a button is held, even outside it.
+class MouseSurface : public QWidget {
+    Q_OBJECT
+
+  public:
+    MouseSurface(QWidget* parent, QColor background, const QString& name);
+
+    const Placement& placement() const { return place; }
+    // Moves and sizes the surface; a negative size is rejected and changes nothing.
+    bool move(const Placement& next) { return placeWidget(this, place, next); }
+
+  signals:
+    void pressed(Qt::MouseButtons button, QPointF position);
+    void moved(Qt::MouseButtons buttons, QPointF position);
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    Placement place;
+};

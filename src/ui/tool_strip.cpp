@@ -1,0 +1,85 @@
+#include "tool_strip.h"
+
+#include "editor_look.h"
+#include "tile_codes.h"
+#include "tools.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QToolButton>
+
+namespace {
+constexpr float ButtonLeft = 8.0f;
+constexpr float ButtonTop = 8.0f;
+constexpr float ButtonPitch = 72.0f;
+constexpr float ButtonSide = 64.8f;
+constexpr int PictureShown = 48;
+}  // namespace
+
+ToolStrip::ToolStrip(QWidget* parent)
+    : MouseSurface(parent, parent->palette().color(QPalette::Base),
+                   QStringLiteral("toolStripViewport")) {
+    MouseSurface::move({112, 104, 96.8f, 825.6f});
+    strip = new MouseSurface(this, QColor(180, 205, 228), QStringLiteral("toolStrip"));
+    strip->move({0, 8, 80.8f, 1888});
+    connect(strip, &MouseSurface::pressed, this,
+            [this](Qt::MouseButtons, QPointF position) { toolStripPressed(position); });
+    connect(strip, &MouseSurface::moved, this, &ToolStrip::toolStripDragged);
+    createButtons();
+}
+
+void ToolStrip::createButtons() {
+    toolButtons = new QButtonGroup(this);
+    toolButtons->setExclusive(true);
+    const QFont font = boldSansSerif(7.8);
+    float top = ButtonTop;
+    for (const Tool& tool : paletteTools()) {
+        auto* button = new QToolButton(strip);
+        button->setObjectName(QStringLiteral("toolButton_%1").arg(tool.code));
+        button->setText(tool.name());
+        button->setIcon(QIcon(QStringLiteral(":/palette/%1.bmp").arg(tool.code)));
+        button->setIconSize(QSize(PictureShown, PictureShown));
+        button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+        button->setCheckable(true);
+        button->setFont(font);
+        QPalette colours = button->palette();
+        colours.setColor(QPalette::ButtonText, QColor(0, 0, 64));
+        if (tool.code == 24 || tool.code == ToiletCode)
+            colours.setColor(QPalette::Button, QColor(192, 192, 192));
+        button->setPalette(colours);
+        button->setGeometry(Placement{ButtonLeft, top, ButtonSide, ButtonSide}.rounded());
+        toolButtons->addButton(button, tool.code);
+        top += ButtonPitch;
+    }
+    connect(toolButtons, &QButtonGroup::idClicked, this, &ToolStrip::toolSelected);
+}
+
+bool ToolStrip::moveViewport(const Placement& next) {
+    const bool moved = MouseSurface::move(next);
+    Placement widened = strip->placement();
+    widened.width = placement().width;
+    strip->move(widened);
+    return moved;
+}
+
+const Placement& ToolStrip::stripPlacement() const {
+    return strip->placement();
+}
+
+void ToolStrip::pressTool(int code) {
+    QAbstractButton* button = toolButtons->button(code);
+    if (!button || button->isChecked()) return;
+    button->setChecked(true);
+    emit toolSelected(code);
+}
+
+void ToolStrip::toolStripPressed(QPointF position) {
+    toolStripGrabY = static_cast<float>(position.y());
+}
+
+void ToolStrip::toolStripDragged(Qt::MouseButtons buttons, QPointF position) {
+    if (buttons == Qt::NoButton) return;
+    Placement moved = strip->placement();
+    moved.top += static_cast<float>(position.y()) - toolStripGrabY;
+    strip->move(moved);
+}
