@@ -5,7 +5,12 @@
 #include <QApplication>
 #include <QDir>
 
+#include <csignal>
+
 int main(int argc, char** argv) {
+    // Under a file-size limit a save must fail with an error the user is told of; by
+    // default the signal would end the editor and lose the level on screen.
+    std::signal(SIGXFSZ, SIG_IGN);
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Varnok Editor"));
     MessageBoxDialogs dialogs;

@@ -1,5 +1,6 @@
 #include "level_file.h"
 
+#include "file_reasons.h"
 #include "level.h"
 #include "line_reader.h"
 #include "tile_codes.h"
@@ -10,13 +11,20 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <limits>
 
 namespace {
 
 constexpr int SizeLineAllowance = 2 * FileBorder;
-constexpr qint64 LongestSizeLine = 64;  // a longer size line is refused unread
+constexpr qint64 LongestSizeLine = 64;     // a longer size line is refused unread
+constexpr qint64 LongestFirstLine = 4096;  // kept only to tell LF line ends apart
+// The largest level file there can be: three header lines, then the grid with its border.
+// Nothing past it is read, so an endless file cannot hold the editor up.
+constexpr qint64 LargestLevelFile =
+    3 * (LongestSizeLine + 2) +
+    qint64(MaxLevelSide + 2 * FileBorder) * (MaxLevelSide + 2 * FileBorder + 2);
 
 QString shownName(const QString& path) {
     return QFileInfo(path).fileName();
@@ -49,8 +57,13 @@ struct Header {
 QString readHeader(LineReader& reader, const QString& name, Header& header) {
     int sides[2] = {0, 0};
     if (reader.atEnd()) return QStringLiteral("Soubor %1 je prázdný.").arg(name);
-    reader.readLine(0);
+    const bool lineFeedsOnly = reader.readLine(LongestFirstLine).text.contains('\n');
     for (int i = 0; i < 2; ++i) {
+        if (reader.atEnd() && lineFeedsOnly)
+            return QStringLiteral(
+                       "Soubor %1 má konce řádků LF, editor čte jen řádky zakončené "
+                       "CR LF (jak je zapisuje sám).")
+                .arg(name);
         if (reader.atEnd())
             return QStringLiteral("Soubor %1 nemá ani tři řádky, level v něm není.").arg(name);
         const LineReader::Line line = reader.readLine(LongestSizeLine + 1);
@@ -86,7 +99,7 @@ LevelReadResult readLevelFile(Level& level, const QString& path) {
 }
 
 LevelReadResult readLevelFrom(Level& level, QIODevice& device, const QString& name) {
-    LineReader reader(device);
+    LineReader reader(device, LargestLevelFile);
     Header header;
     LevelReadResult result;
     result.refusal = readHeader(reader, name, header);
@@ -149,9 +162,17 @@ LevelWriteResult writeLevelFile(const Level& level, const QString& path) {
     const QByteArray bytes = encodeLevelFile(level);
     // Unbuffered, so that a write the disk refuses fails here and commit() keeps the old file;
     // a buffered tail that failed while closing would still be committed, cut off.
+    errno = 0;
     if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
         file.write(bytes) == bytes.size() && file.commit())
         return {};
+    int error = errno;
+    const QFileInfo target(path);
+    // Some refusals are Qt's own, without a system error behind them.
+    if (target.isDir())
+        error = EISDIR;
+    else if (error == 0 && target.exists() && !target.isWritable())
+        error = EACCES;
     return {QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
-                .arg(shownName(path), file.errorString())};
+                .arg(shownName(path), czechFileReason(error, file.errorString()))};
 }

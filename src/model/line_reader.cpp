@@ -12,7 +12,8 @@ constexpr qint64 BlockSize = 1 << 18;
 bool LineReader::fill() {
     for (;;) {
         if (position >= buffer.size()) {
-            buffer = device.read(BlockSize);
+            buffer = device.read(std::min(BlockSize, unread));
+            unread -= buffer.size();
             position = 0;
             if (buffer.isEmpty()) return false;
         }

@@ -9,7 +9,8 @@ class QIODevice;
 // line feed belongs to the line. Reads in blocks, so a file costs time linear in its size.
 class LineReader {
   public:
-    explicit LineReader(QIODevice& device) : device(device) {}
+    // Reads at most `limit` bytes of the device; what lies beyond counts as its end.
+    LineReader(QIODevice& device, qint64 limit) : device(device), unread(limit) {}
 
     bool atEnd();
     // The next line without its ending. At most `keep` bytes are kept; `length` is the line's
@@ -28,5 +29,6 @@ class LineReader {
     QByteArray buffer;
     QByteArray pieces;  // a line that spans blocks is gathered here
     qsizetype position = 0;
+    qint64 unread;
     bool skipLineFeed = false;
 };

@@ -1,5 +1,6 @@
 #include "editor_look.h"
 
+#include <QFontMetrics>
 #include <QWidget>
 
 QFont boldSansSerif(qreal points) {
@@ -13,4 +14,11 @@ void setColour(QWidget* widget, QPalette::ColorRole role, QColor colour) {
     QPalette colours = widget->palette();
     colours.setColor(role, colour);
     widget->setPalette(colours);
+}
+
+void shrinkToFit(QWidget* widget, const QString& text, int width) {
+    QFont font = widget->font();
+    while (QFontMetrics(font).horizontalAdvance(text) > width && font.pointSizeF() > 4)
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    widget->setFont(font);
 }

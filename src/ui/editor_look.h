@@ -9,3 +9,7 @@ class QWidget;
 // The window's fonts were designed with MS Sans Serif, bold; fontconfig stands in for it.
 QFont boldSansSerif(qreal points);
 void setColour(QWidget* widget, QPalette::ColorRole role, QColor colour);
+
+// Makes the widget's font smaller until `text` fits `width` pixels: the window's captions
+// stay whole where the font asked for is missing and a wider one stands in.
+void shrinkToFit(QWidget* widget, const QString& text, int width);

@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QPainter>
 #include <QToolButton>
 
 namespace {
@@ -14,6 +15,22 @@ constexpr float ButtonTop = 8.0f;
 constexpr float ButtonPitch = 72.0f;
 constexpr float ButtonSide = 64.8f;
 constexpr int PictureShown = 48;
+
+// A palette button whose pressed state cannot be missed: a thick dark outline inside its
+// edge, over the style's own sunken look, which is close to some pictures' grey.
+class ToolButton : public QToolButton {
+  public:
+    using QToolButton::QToolButton;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QToolButton::paintEvent(event);
+        if (!isChecked()) return;
+        QPainter painter(this);
+        painter.setPen(QPen(QColor(0, 0, 64), 3));
+        painter.drawRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
+    }
+};
 }  // namespace
 
 ToolStrip::ToolStrip(QWidget* parent)
@@ -34,7 +51,7 @@ void ToolStrip::createButtons() {
     const QFont font = boldSansSerif(7.8);
     float top = ButtonTop;
     for (const Tool& tool : paletteTools()) {
-        auto* button = new QToolButton(strip);
+        auto* button = new ToolButton(strip);
         button->setObjectName(QStringLiteral("toolButton_%1").arg(tool.code));
         button->setText(tool.name());
         button->setIcon(QIcon(QStringLiteral(":/palette/%1.bmp").arg(tool.code)));
@@ -48,6 +65,7 @@ void ToolStrip::createButtons() {
             colours.setColor(QPalette::Button, QColor(192, 192, 192));
         button->setPalette(colours);
         button->setGeometry(Placement{ButtonLeft, top, ButtonSide, ButtonSide}.rounded());
+        shrinkToFit(button, button->text(), button->width() - 4);
         toolButtons->addButton(button, tool.code);
         top += ButtonPitch;
     }
