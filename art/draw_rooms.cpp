@@ -1,6 +1,7 @@
 #include "draw_rooms.h"
 
 #include "art_style.h"
+#include "room_blocks.h"
 
 #include <QPainterPath>
 
@@ -11,11 +12,6 @@ namespace Art {
 namespace {
 
 constexpr int Band = 12;  // room walls along the block's outer edges
-
-constexpr RoomLayout Layouts[RoomTotal] = {
-    {30, 3, 4, 1}, {33, 3, 4, 1}, {70, 3, 4, 1}, {73, 3, 4, 1},
-    {36, 4, 3, 1}, {66, 4, 3, 1}, {96, 4, 3, 2}, {110, 4, 3, 1},
-};
 
 void box(QPainter& p, QRectF area, QColor fill, QColor edge, double radius = 2) {
     QPainterPath shape;
@@ -181,18 +177,14 @@ void laboratory(QPainter& p, QSize s) {
 }
 
 using Furnish = void (*)(QPainter&, QSize);
-constexpr Furnish Furnishings[RoomTotal] = {library, bedroom,  kitchen,    storage,
+constexpr Furnish Furnishings[RoomCount] = {library, bedroom,  kitchen,    storage,
                                             dining,  bathroom, throneRoom, laboratory};
 
 }  // namespace
 
-RoomLayout roomLayout(int room) {
-    return Layouts[room];
-}
-
 QImage drawRoom(int room) {
-    const RoomLayout layout = Layouts[room];
-    QImage image(layout.columns * Cell, layout.rows * Cell, QImage::Format_RGB32);
+    const RoomBlock block = roomBlock(room);
+    QImage image(block.columns * Cell, block.rows * Cell, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     Furnishings[room](painter, image.size());

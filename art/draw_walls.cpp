@@ -1,51 +1,9 @@
 #include "draw_walls.h"
 
 #include "art_style.h"
+#include "wall_pieces.h"
 
 namespace Art {
-
-WallArms armsOfPiece(int piece) {
-    switch (piece) {
-        case 1:
-        case 2:
-        case 3:
-        case 4:
-            return {true, false, true, false};
-        case 5:
-        case 6:
-        case 7:
-        case 8:
-            return {false, true, false, true};
-        case 9:
-            return {true, false, true, true};
-        case 10:
-            return {true, true, true, false};
-        case 11:
-            return {true, true, false, true};
-        case 12:
-            return {false, true, true, true};
-        case 13:
-            return {true, true, true, true};
-        case 15:
-            return {false, true, false, false};
-        case 16:
-            return {false, false, false, true};
-        case 17:
-            return {true, false, false, false};
-        case 18:
-            return {false, false, true, false};
-        case 19:
-            return {true, false, false, true};
-        case 20:
-            return {true, true, false, false};
-        case 21:
-            return {false, true, true, false};
-        case 22:
-            return {false, false, true, true};
-        default:
-            return {false, false, false, false};  // 14: a block standing alone
-    }
-}
 
 namespace {
 
@@ -111,15 +69,15 @@ QImage drawWallPiece(int piece) {
     QImage cell = floorCell(100 + piece);
     QPainter painter(&cell);
     painter.setRenderHint(QPainter::Antialiasing, false);
-    const QPainterPath shape = wallShape(armsOfPiece(piece));
-    dropShadow(painter, wallShape(armsOfPiece(piece), 8), 4);
+    const WallArms arms = armsOfPiece(piece);
+    const QPainterPath shape = wallShape(arms);
+    dropShadow(painter, wallShape(arms, 8), 4);
     painter.setPen(Qt::NoPen);
     painter.setBrush(WallStone);
     painter.drawPath(shape);
     painter.setClipPath(shape);
     speckle(painter, cell.rect(), WallStone, 260, 7);
     // Lit top and left faces, shaded bottom and right ones; open where an arm goes on.
-    const WallArms arms = armsOfPiece(piece);
     const struct {
         bool from;  // the part before the centre block
         bool centre;
@@ -142,8 +100,9 @@ QImage drawWallPiece(int piece) {
                 painter.drawLine(at, stops[part], at, stops[part + 1]);
         }
     }
-    if (piece >= 1 && piece <= 8) decorate(painter, (piece - 1) % 4, arms.left, piece);
-    if (piece == 14 || (piece >= 15 && piece <= 18)) {
+    if (wallKey(arms) == HorizontalWallKey || wallKey(arms) == VerticalWallKey)
+        decorate(painter, (piece - FirstHorizontalPiece) % 4, arms.left, piece);
+    if (arms.left + arms.below + arms.right + arms.above <= 1) {  // a block or an end
         painter.setPen(QPen(WallDark, 1));
         painter.drawRect(WallNear + 6, WallNear + 6, WallFar - WallNear - 13,
                          WallFar - WallNear - 13);

@@ -1,18 +1,19 @@
 #include "palette_pictures.h"
 
 #include "sheet.h"
+#include "wall_pieces.h"
 
 #include <QPainter>
 
 namespace Art {
 
 QImage palettePicture(const QImage& sheet, int code) {
-    const int side = (code >= 27 && code <= 29) ? 64 : 48;
+    const int side = (code >= 27 && code <= 29) ? 64 : 48;  // the two bins and the puddle
     QImage source;
-    if (code >= 2 && code <= 9)
-        source = roomBlock(sheet, code - 2);  // the room's block in miniature
-    else if (code == 1)
-        source = sheetCell(sheet, 13);  // a crossing shows best that walls join
+    if (code >= FirstRoomTool && code <= LastRoomTool)
+        source = roomBlockPicture(sheet, code - FirstRoomTool);  // the block in miniature
+    else if (code == WallToolCode)
+        source = sheetCell(sheet, wallPieceFor(0b1111));  // a crossing shows best that walls join
     else
         source = sheetCell(sheet, code);
     QImage picture(side, side, QImage::Format_RGB888);

@@ -6,6 +6,7 @@
 #include "draw_items.h"
 #include "draw_rooms.h"
 #include "draw_walls.h"
+#include "room_blocks.h"
 
 #include <map>
 
@@ -55,34 +56,35 @@ QImage sheetCell(const QImage& sheet, int n) {
 QImage drawSheet() {
     QImage sheet(SheetColumns * Cell, SheetRows * Cell, QImage::Format_RGB32);
     QPainter painter(&sheet);
-    for (int n = 0; n < SheetColumns * SheetRows; ++n) {
+    for (int n = 0; n < SheetCellCount; ++n) {
         // Every cell gets a picture; the rooms overwrite theirs below.
-        const QImage cell = n == 0 ? floorCell(1) : n <= 22 ? drawWallPiece(n) : objectCell(n);
+        const QImage cell = n == FloorCode   ? floorCell(1)
+                            : isWallPiece(n) ? drawWallPiece(n)
+                                             : objectCell(n);
         painter.drawImage(cellOrigin(n), cell);
     }
-    for (int room = 0; room < RoomTotal; ++room) {
-        const RoomLayout layout = roomLayout(room);
+    // The doorway has a cell of its own; the block cell it replaces when laid keeps the wall.
+    for (int room = 0; room < RoomCount; ++room) {
+        const RoomBlock block = roomBlock(room);
         const QImage image = drawRoom(room);
-        for (int dy = 0; dy < layout.rows; ++dy)
-            for (int dx = 0; dx < layout.columns; ++dx)
-                painter.drawImage(cellOrigin(layout.topLeftCell + SheetColumns * dy + dx), image,
+        for (int dy = 0; dy < block.rows; ++dy)
+            for (int dx = 0; dx < block.columns; ++dx)
+                painter.drawImage(cellOrigin(block.topLeft + SheetColumns * dy + dx), image,
                                   QRect(dx * Cell, dy * Cell, Cell, Cell));
     }
-    painter.drawImage(cellOrigin(DoorwayCell), drawDoorway());
+    painter.drawImage(cellOrigin(DoorwayCode), drawDoorway());
     return sheet;
 }
 
-QImage roomBlock(const QImage& sheet, int room) {
-    const RoomLayout layout = roomLayout(room);
-    QImage block(layout.columns * Cell, layout.rows * Cell, QImage::Format_RGB32);
-    QPainter painter(&block);
-    for (int dy = 0; dy < layout.rows; ++dy)
-        for (int dx = 0; dx < layout.columns; ++dx) {
-            const bool door = dy == layout.rows - 1 && dx == layout.doorColumn;
-            const int n = door ? DoorwayCell : layout.topLeftCell + SheetColumns * dy + dx;
-            painter.drawImage(QPoint(dx * Cell, dy * Cell), sheetCell(sheet, n));
-        }
-    return block;
+QImage roomBlockPicture(const QImage& sheet, int room) {
+    const RoomBlock block = roomBlock(room);
+    QImage picture(block.columns * Cell, block.rows * Cell, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    for (int dy = 0; dy < block.rows; ++dy)
+        for (int dx = 0; dx < block.columns; ++dx)
+            painter.drawImage(QPoint(dx * Cell, dy * Cell),
+                              sheetCell(sheet, roomBlockCode(room, dx, dy)));
+    return picture;
 }
 
 }  // namespace Art

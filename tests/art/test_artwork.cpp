@@ -1,48 +1,44 @@
-#include <algorithm>
-#include <cmath>
-#include <vector>
+#include "room_blocks.h"
+#include "tile_codes.h"
+#include "tools.h"
+#include "wall_pieces.h"
 
-#include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QImage>
 #include <QPainter>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
-const QImage& sheet() {
-    static const QImage image(":/sheet/EditPic.jpg");
-    return image;
-}
-
-// The average colour of a 5 x 5 patch, which smooths JPEG noise away.
-QColor patch(const QImage& image, QPoint centre) {
-    int r = 0, g = 0, b = 0;
-    for (int dy = -2; dy <= 2; ++dy)
-        for (int dx = -2; dx <= 2; ++dx) {
-            const QColor c = image.pixelColor(centre + QPoint(dx, dy));
-            r += c.red(), g += c.green(), b += c.blue();
-        }
-    return QColor(r / 25, g / 25, b / 25);
-}
-
 QImage cell(int n) {
-    return sheet().copy((n % 10) * 64, (n / 10) * 64, 64, 64);
+    static const QImage sheet(":/sheet/EditPic.jpg");
+    return sheet.copy(n % SheetColumns * 64, n / SheetColumns * 64, 64, 64);
 }
 
-double distance(QColor a, QColor b) {
-    return std::hypot(a.red() - b.red(), a.green() - b.green(), a.blue() - b.blue());
+// How far the 5 x 5 patch around `centre`, averaged to smooth JPEG noise away, is from `colour`.
+double distance(const QImage& image, QPoint centre, QColor colour) {
+    const QColor c = image.copy(centre.x() - 2, centre.y() - 2, 5, 5)
+                         .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                         .pixelColor(0, 0);
+    return std::hypot(c.red() - colour.red(), c.green() - colour.green(), c.blue() - colour.blue());
 }
 // The floor is light warm sand; a wall, with its cracks and moss, is anything far from that.
-bool isWall(QColor colour) {
-    return distance(colour, QColor(196, 178, 140)) > 45;
+bool isWall(const QImage& image, QPoint at) {
+    return distance(image, at, {196, 178, 140}) > 45;
 }
 // Room walls are the grey wall stone, far from every room's floor.
-bool isStone(QColor colour) {
-    return distance(colour, QColor(98, 96, 108)) < 30;
+bool isStone(const QImage& image, QPoint at) {
+    return distance(image, at, {98, 96, 108}) < 30;
+}
+
+void addRows(const char* column, int first, int last) {
+    QTest::addColumn<int>(column);
+    for (int n = first; n <= last; ++n) QTest::newRow(QByteArray::number(n).constData()) << n;
 }
 
 }  // namespace
@@ -52,16 +48,12 @@ class ArtworkTest : public QObject {
 
   private slots:
     void picturesHaveTheirSizesAndFormats() {
-        QCOMPARE(sheet().size(), QSize(640, 896));
-        const int codes[] = {0,   1, 23, 24, 25, 26, 134, 27, 28, 29,  124, 125, 126,
-                             127, 2, 3,  4,  5,  6,  7,   8,  9,  135, 136, 137, 138};
-        for (int code : codes) {
-            QFile file(QStringLiteral(":/palette/%1.bmp").arg(code));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            const QByteArray bytes = file.readAll();
-            QCOMPARE(bytes.left(2), QByteArray("BM"));
-            QCOMPARE(int(bytes.at(28)), 24);  // bits per pixel, uncompressed
-            const int side = (code >= 27 && code <= 29) ? 64 : 48;
+        QCOMPARE(QImage(":/sheet/EditPic.jpg").size(), QSize(640, 896));
+        for (const Tool& tool : paletteTools()) {
+            QFile file(QStringLiteral(":/palette/%1.bmp").arg(tool.code));
+            const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+            QVERIFY(bytes.startsWith("BM") && bytes.at(28) == 24);  // 24 bits a pixel, uncompressed
+            const int side = (tool.code >= 27 && tool.code <= 29) ? 64 : 48;
             QCOMPARE(QImage::fromData(bytes).size(), QSize(side, side));
         }
         for (const char* name : {"new", "open", "save"})
@@ -73,74 +65,61 @@ class ArtworkTest : public QObject {
         }
     }
 
-    void wallPiecesReachExactlyTheirArms() {
-        // Arms left, below, right, above of pieces 1..22.
-        const char* arms[23] = {"",     "1010", "1010", "1010", "1010", "0101", "0101", "0101",
-                                "0101", "1011", "1110", "1101", "0111", "1111", "0000", "0100",
-                                "0001", "1000", "0010", "1001", "1100", "0110", "0011"};
-        const QPoint edges[4] = {{2, 32}, {32, 61}, {61, 32}, {32, 2}};
-        for (int piece = 1; piece <= 22; ++piece) {
-            const QImage picture = cell(piece);
-            QVERIFY(isWall(patch(picture, {32, 32})));
-            for (int edge = 0; edge < 4; ++edge)
-                QVERIFY2(isWall(patch(picture, edges[edge])) == (arms[piece][edge] == '1'),
-                         qPrintable(QStringLiteral("piece %1, edge %2").arg(piece).arg(edge)));
-        }
-        QVERIFY(!isWall(patch(cell(0), {32, 32})));
+    void wallPieceReachesExactlyItsArms_data() { addRows("code", FloorCode, LastWallPiece); }
+    void wallPieceReachesExactlyItsArms() {
+        QFETCH(int, code);
+        const QImage picture = cell(code);
+        QCOMPARE(isWall(picture, {32, 32}), isWallPiece(code));
+        QCOMPARE(wallKey({isWall(picture, {2, 32}), isWall(picture, {32, 61}),
+                          isWall(picture, {61, 32}), isWall(picture, {32, 2})}),
+                 wallKey(armsOfPiece(code)));  // the edges the wall reaches
+    }
 
-        // A ring of pieces laid 5 x 5 is wall all along its middle line.
-        const int ring[5][5] = {{21, 1, 2, 3, 20},
-                                {5, 0, 0, 0, 6},
-                                {7, 0, 0, 0, 8},
-                                {6, 0, 0, 0, 5},
-                                {22, 4, 3, 2, 19}};
+    void aRingOfPiecesHasNoGaps() {
+        const int ring[25] = {21, 1, 2, 3, 20, 5, 0, 0,  0, 6, 7, 0, 0,
+                              0,  8, 6, 0, 0,  0, 5, 22, 4, 3, 2, 19};  // row by row
         QImage laid(320, 320, QImage::Format_RGB32);
         QPainter painter(&laid);
-        for (int i = 0; i < 25; ++i)
-            painter.drawImage(i % 5 * 64, i / 5 * 64, cell(ring[i / 5][i % 5]));
-        for (int along = 32; along <= 288; along += 2)
-            for (QPoint at :
-                 {QPoint(along, 32), QPoint(along, 288), QPoint(32, along), QPoint(288, along)})
-                QVERIFY2(isWall(patch(laid, at)),
+        for (int i = 0; i < 25; ++i) painter.drawImage(i % 5 * 64, i / 5 * 64, cell(ring[i]));
+        for (int a = 32; a <= 288; a += 2)  // along the middle lines of the four sides
+            for (QPoint at : {QPoint(a, 32), QPoint(a, 288), QPoint(32, a), QPoint(288, a)})
+                QVERIFY2(isWall(laid, at),
                          qPrintable(QStringLiteral("gap at %1, %2").arg(at.x()).arg(at.y())));
     }
 
-    void everyCellHasAPictureAndTheDoorwayFitsEveryRoom() {
-        for (int n = 0; n < 140; ++n) {
-            const QImage picture = cell(n);
-            std::vector<int> greys;
-            for (int i = 0; i < 64 * 64; ++i) greys.push_back(qGray(picture.pixel(i % 64, i / 64)));
-            const auto [darkest, lightest] = std::minmax_element(greys.begin(), greys.end());
-            QVERIFY2(*lightest - *darkest > 12,
-                     qPrintable(QStringLiteral("cell %1 is blank").arg(n)));
+    void cellIsNotBlank_data() { addRows("code", 0, SheetCellCount - 1); }
+    void cellIsNotBlank() {
+        QFETCH(int, code);
+        const QImage grey = cell(code).convertToFormat(QImage::Format_Grayscale8);
+        const auto [darkest, lightest] =
+            std::minmax_element(grey.constBits(), grey.constBits() + grey.sizeInBytes());
+        QVERIFY(*lightest - *darkest > 12);
+    }
+
+    // The bottom wall runs through every bottom cell, the doorway's posts too, open only there.
+    void doorwayFitsTheRoomsBottomWall_data() { addRows("room", 0, RoomCount - 1); }
+    void doorwayFitsTheRoomsBottomWall() {
+        QFETCH(int, room);
+        const RoomBlock block = roomBlock(room);
+        for (int dx = 0; dx < block.columns; ++dx) {
+            const QImage picture = cell(roomBlockCode(room, dx, block.rows - 1));
+            QVERIFY(isStone(picture, {3, 58}) && isStone(picture, {60, 58}));
+            QCOMPARE(isStone(picture, {32, 58}), dx != block.doorwayColumn);
         }
-        // Bottom rows of the blocks: the doorway 114 takes the place of the listed cell. The
-        // bottom wall runs unbroken through every cell, the doorway's posts included, and only
-        // the doorway is open in the middle.
-        const std::vector<int> bottoms[8] = {
-            {60, 114, 62},     {63, 114, 65},     {100, 114, 102},      {103, 114, 105},
-            {56, 114, 58, 59}, {86, 114, 88, 89}, {116, 117, 114, 119}, {130, 114, 132, 133}};
-        for (const auto& bottom : bottoms)
-            for (int code : bottom) {
-                for (int x : {3, 60})
-                    QVERIFY2(isStone(patch(cell(code), {x, 58})),
-                             qPrintable(QStringLiteral("cell %1 at %2").arg(code).arg(x)));
-                QCOMPARE(isStone(patch(cell(code), {32, 58})), code != 114);
-            }
     }
 
     void theGeneratorDrawsTheSameEveryTime() {
-        QTemporaryDir first, second;
-        for (const QTemporaryDir* out : {&first, &second})
-            QCOMPARE(QProcess::execute(VARNOK_ART_PROGRAM, {out->path()}), 0);
-        int files = 0;
+        QTemporaryDir first, second;  // the second run also lays the sample level
+        const QString png = second.filePath("sample-level.png");
+        QCOMPARE(QProcess::execute(VARNOK_ART_PROGRAM, {first.path()}), 0);
+        QCOMPARE(QProcess::execute(VARNOK_ART_PROGRAM, {second.path(), "--sample-level", png}), 0);
+        QVERIFY(!QImage(png).isNull());
         QDirIterator it(first.path(), QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString path = it.next();
-            QFile a(path), b(second.filePath(QDir(first.path()).relativeFilePath(path)));
+        int files = 0;
+        for (; it.hasNext(); ++files) {
+            QFile a(it.next()), b(second.path() + a.fileName().mid(first.path().size()));
             QVERIFY(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
             QCOMPARE(a.readAll(), b.readAll());
-            ++files;
         }
         QCOMPARE(files, 1 + 26 + 3 + 2);
     }
