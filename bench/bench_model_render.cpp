@@ -1,31 +1,20 @@
-#include "dialogs.h"
 #include "level.h"
 #include "level_file.h"
 #include "level_renderer.h"
 #include "ratio_reporter.h"
-#include "sprite_sheet.h"
 #include "tile_codes.h"
 
 #include <QFile>
-#include <QImage>
 #include <QTemporaryDir>
 
 #include <cstring>
 
 namespace {
 
-class NoDialogs : public Dialogs {
-  public:
-    bool question(const QString&, const QString&) override { return true; }
-    void warning(const QString&, const QString&) override {}
-    void information(const QString&, const QString&) override {}
-    void error(const QString&) override {}
-};
-
 // A level with walls, rooms and objects scattered over it, the same in every run.
 Level sampleLevel(int side) {
     Level level;
-    level.Allocate(side, side);
+    level.reset(side, side);
     for (int y = 0; y < side; ++y)
         for (int x = 0; x < side; ++x) {
             const int pick = (x * 7 + y * 13) % 10;
@@ -45,15 +34,27 @@ QString levelPath() {
     return folder().filePath("level99.VRK");
 }
 
+// Writes the sample level of the benchmark's size to the level file; false when it failed.
+bool writeSample(benchmark::State& state) {
+    const LevelWriteResult written =
+        writeLevelFile(sampleLevel(static_cast<int>(state.range(0))), levelPath());
+    if (!written.ok()) state.SkipWithError(qPrintable(written.failure));
+    return written.ok();
+}
+
 void BM_ReadLevelFile(benchmark::State& state) {
-    WriteLevelFile(sampleLevel(static_cast<int>(state.range(0))), levelPath());
-    NoDialogs dialogs;
+    if (!writeSample(state)) return;
     Level level;
-    for (auto _ : state) ReadLevelFile(level, dialogs, levelPath());
+    for (auto _ : state) {
+        if (!readLevelFile(level, levelPath()).ok()) {
+            state.SkipWithError("the level was refused");
+            break;
+        }
+    }
 }
 
 void BM_PlainFileRead(benchmark::State& state) {
-    WriteLevelFile(sampleLevel(static_cast<int>(state.range(0))), levelPath());
+    if (!writeSample(state)) return;
     for (auto _ : state) {
         QFile file(levelPath());
         file.open(QIODevice::ReadOnly);
@@ -63,11 +64,16 @@ void BM_PlainFileRead(benchmark::State& state) {
 
 void BM_WriteLevelFile(benchmark::State& state) {
     const Level level = sampleLevel(static_cast<int>(state.range(0)));
-    for (auto _ : state) WriteLevelFile(level, levelPath());
+    for (auto _ : state) {
+        if (!writeLevelFile(level, levelPath()).ok()) {
+            state.SkipWithError("the level was not saved");
+            break;
+        }
+    }
 }
 
 void BM_PlainFileWrite(benchmark::State& state) {
-    const QByteArray bytes = EncodeLevelFile(sampleLevel(static_cast<int>(state.range(0))));
+    const QByteArray bytes = encodeLevelFile(sampleLevel(static_cast<int>(state.range(0))));
     for (auto _ : state) {
         QFile file(levelPath());
         file.open(QIODevice::WriteOnly);
@@ -77,10 +83,15 @@ void BM_PlainFileWrite(benchmark::State& state) {
 
 void BM_RedrawLevel(benchmark::State& state) {
     const int side = static_cast<int>(state.range(0));
-    const SpriteSheet sheet(QImage(640, 896, QImage::Format_RGB32));
     Level level = sampleLevel(side);
-    LevelRenderer renderer(level, sheet);
-    for (auto _ : state) renderer.RedrawLevelCells([] { return WallToolCode; });
+    LevelRenderer renderer(level);
+    for (auto _ : state) {
+        if (!renderer.repaintGrid()) {
+            state.SkipWithError("a code without a picture");
+            break;
+        }
+        renderer.drawFrame(WallToolCode);
+    }
     state.counters["canvas_MB"] =
         double(sizeof(qint16) + sizeof(QRgb)) * (side + 1) * (side + 1) / 1e6;
 }

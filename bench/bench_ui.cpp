@@ -1,15 +1,14 @@
-#include "canvas_surfaces.h"
-#include "form1.h"
 #include "level_renderer.h"
-#include "map_view_math.h"
-#include "recording_dialogs.h"
+#include "map_geometry.h"
+#include "map_surface.h"
+#include "map_viewport.h"
+#include "mouse.h"
 #include "tile_codes.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
 #include <QImage>
-#include <QLineEdit>
 #include <QPainter>
 
 namespace {
@@ -18,22 +17,23 @@ constexpr QSize Screen(1920, 1080);
 
 // A whole level drawn by the editor, with walls, rooms and objects over a quarter of it.
 struct DrawnLevel {
-    explicit DrawnLevel(int side) : renderer(level, sheet) {
-        level.Allocate(side, side);
+    explicit DrawnLevel(int side) : renderer(level) {
+        level.reset(side, side);
         for (int y = 2; y < side - 2; y += 3)
             for (int x = 2; x < side - 2; x += 5)
-                renderer.cells.DrawCell(x, y, (x + y) % 3 ? 1 : 25);
-        renderer.RedrawLevelCells([] { return WallToolCode; });
+                renderer.tools().applyTool(x, y, (x + y) % 3 ? 1 : 25);
+        if (!renderer.repaintGrid()) qFatal("the drawn level holds a code without a picture");
+        renderer.drawFrame(WallToolCode);
     }
     Level level;
-    SpriteSheet sheet{QImage(":/sheet/EditPic.jpg")};
+    SpriteSheet sheet = SpriteSheet::builtIn();
     LevelRenderer renderer;
 };
 
 void BM_PaintVisibleMap(benchmark::State& state) {
     DrawnLevel drawn(static_cast<int>(state.range(0)));
-    MapSurface surface(nullptr, drawn.renderer.map, drawn.sheet);
-    surface.resize(drawn.renderer.map.pixelSize());
+    MapSurface surface(nullptr, drawn.renderer.map(), drawn.sheet);
+    surface.resize(drawn.renderer.map().pixelSize());
     QImage target(Screen, QImage::Format_RGB32);
     for (auto _ : state) surface.render(&target, {}, QRegion(QRect(QPoint(0, 0), Screen)));
 }
@@ -48,7 +48,7 @@ void BM_DrawScreenImage(benchmark::State& state) {
 
 void BM_PaintMinimap(benchmark::State& state) {
     DrawnLevel drawn(static_cast<int>(state.range(0)));
-    MinimapCanvas& minimap = drawn.renderer.minimap;
+    MinimapCanvas& minimap = drawn.renderer.minimap();
     QImage target(minimap.pixelSize(), QImage::Format_RGB32);
     QPainter painter(&target);
     for (auto _ : state) minimap.paint(painter, target.rect());
@@ -69,38 +69,32 @@ void BM_DrawMinimapImage(benchmark::State& state) {
 }
 
 // The wall tool on a cell whose four neighbours are walls: five pieces chosen and drawn.
-void BM_DrawCellInWalls(benchmark::State& state) {
+void BM_ApplyToolInWalls(benchmark::State& state) {
     DrawnLevel drawn(40);
     for (auto [x, y] : {std::pair{20, 20}, {19, 20}, {21, 20}, {20, 19}, {20, 21}})
-        drawn.renderer.cells.DrawCell(x, y, WallToolCode);
-    for (auto _ : state) drawn.renderer.cells.DrawCell(20, 20, WallToolCode);
+        drawn.renderer.tools().applyTool(x, y, WallToolCode);
+    for (auto _ : state) drawn.renderer.tools().applyTool(20, 20, WallToolCode);
 }
 
-// A shown 1920 x 1080 window holding a new level of the given side.
-struct ShownEditor {
-    explicit ShownEditor(int side) : form(dialogs) {
-        form.Form_Load();
-        form.Text1->setText(QString::number(side));
-        form.Text2->setText(QString::number(side));
-        form.Command1_Click();
-        form.resize(Screen);
-        form.show();
+// A shown 1920 x 1080 window holding a level of the given side, read at start-up.
+struct ShownEditor : Editor {
+    explicit ShownEditor(int side) : Editor(QSize(side, side)) {
+        window.resize(Screen);
+        window.show();
         QCoreApplication::processEvents();
     }
-    RecordingDialogs dialogs;
-    Form1 form;
 };
 
 // Left-button moves into 100 new cells, each followed by the repaints it scheduled; `cell`
 // gives the map cell of the i-th event.
 template <typename CellOf>
-void paintStroke(benchmark::State& state, Form1& form, CellOf cell) {
+void paintStroke(benchmark::State& state, MapViewport& viewport, CellOf cell) {
     int pass = 0;
     for (auto _ : state) {
         for (int i = 0; i < 100; ++i) {
             const QPoint at = cell(i, pass);
-            form.Picture2_MouseMove(1, 0, static_cast<float>(TileSize * at.x() + 32),
-                                    static_cast<float>(TileSize * at.y() + 32));
+            viewport.mapMoved(Qt::LeftButton,
+                              QPointF(TileSize * at.x() + 32, TileSize * at.y() + 32));
             QCoreApplication::processEvents();
         }
         ++pass;
@@ -113,15 +107,15 @@ void paintStroke(benchmark::State& state, Form1& form, CellOf cell) {
 // A stroke inside the shown part of the map, clear of the edges that scroll it.
 void BM_PaintStroke(benchmark::State& state) {
     ShownEditor editor(static_cast<int>(state.range(0)));
-    const Placement map = editor.form.Picture2->placement();
-    const Placement view = editor.form.picture1Placement;
+    const Placement map = editor.viewport->mapPlacement();
+    const Placement view = editor.viewport->placement();
     const int reach = static_cast<int>(EdgeMargin) + TileSize;
     const QRect cells(QPoint(static_cast<int>(-map.left + reach) / TileSize,
                              static_cast<int>(-map.top + reach) / TileSize),
                       QPoint(static_cast<int>(-map.left + view.width - reach) / TileSize - 1,
                              static_cast<int>(-map.top + view.height - reach) / TileSize - 1));
     if (cells.width() * cells.height() < 2) return state.SkipWithError("map view too small");
-    paintStroke(state, editor.form, [&](int i, int pass) {
+    paintStroke(state, *editor.viewport, [&](int i, int pass) {
         const int n = i + 100 * pass;
         return cells.topLeft() + QPoint(n % cells.width(), (n / cells.width()) % cells.height());
     });
@@ -130,7 +124,7 @@ void BM_PaintStroke(benchmark::State& state) {
 // A stroke along the row below the view's right edge: every event also scrolls the map.
 void BM_PaintStrokeScrolling(benchmark::State& state) {
     ShownEditor editor(static_cast<int>(state.range(0)));
-    paintStroke(state, editor.form, [&](int i, int pass) {
+    paintStroke(state, *editor.viewport, [&](int i, int pass) {
         const int side = static_cast<int>(state.range(0));
         return QPoint(3 + (i + 100 * pass) % (side - 6), 3 + pass % 2);
     });
@@ -143,6 +137,6 @@ BENCHMARK(BM_PaintVisibleMap)->LEVEL_SIZES;
 BENCHMARK(BM_DrawScreenImage)->LEVEL_SIZES;
 BENCHMARK(BM_PaintMinimap)->LEVEL_SIZES;
 BENCHMARK(BM_DrawMinimapImage)->LEVEL_SIZES;
-BENCHMARK(BM_DrawCellInWalls)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_ApplyToolInWalls)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_PaintStroke)->Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_PaintStrokeScrolling)->Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond);

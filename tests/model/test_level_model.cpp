@@ -1,19 +1,24 @@
+#include "frame_prediction.h"
 #include "level.h"
 #include "level_file.h"
-#include "recording_dialogs.h"
 #include "tile_codes.h"
+#include "tools.h"
+#include "wall_pieces.h"
 
+#include <QBuffer>
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
+#include <optional>
 
 #include <sys/resource.h>
 
 namespace {
+
+using Hero = std::optional<QPoint>;
 
 QByteArray readAll(const QString& path) {
     QFile file(path);
@@ -26,12 +31,28 @@ void writeAll(const QString& path, const QByteArray& bytes) {
     file.write(bytes);
 }
 
+// A level whose every cell, the margin included, holds `code`.
+Level filledLevel(int width, int height, int code) {
+    Level level;
+    level.reset(width, height);
+    for (int y = 0; y <= height; ++y) std::fill_n(level.row(y), width + 1, qint16(code));
+    return level;
+}
+
+// Reads into a level that held other cells and a hero before: none of them may show through.
+LevelReadResult readBytes(Level& level, QByteArray bytes) {
+    level = filledLevel(30, 30, 25);
+    level.setHero(QPoint(9, 9));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return readLevelFrom(level, buffer, LevelFileName);
+}
+
 // A level file of `columns` x `rows` whose grid lines are given, each without its border.
 QByteArray levelFile(int columns, int rows, const QList<QByteArray>& gridLines) {
-    const QByteArray border(columns + 14, '0');
     QByteArray bytes = "1\r\n " + QByteArray::number(columns + 14) + " \r\n " +
                        QByteArray::number(rows + 14) + " \r\n";
-    for (int i = 0; i < 7; ++i) bytes += border + "\r\n";
+    bytes += (QByteArray(columns + 14, '0') + "\r\n").repeated(7);
     for (const QByteArray& line : gridLines) bytes += "0000000" + line + "0000000\r\n";
     return bytes;
 }
@@ -42,204 +63,197 @@ class LevelModelTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir dir;
-    QString path() const { return dir.filePath("level99.VRK"); }
+    QString path() const { return dir.filePath(LevelFileName); }
 
   private slots:
     void writesTheExactBytesAndReadsThemBack() {
-        Level level;
-        level.Allocate(20, 20);
+        Level level, back;
+        level.reset(20, 20);
         level.setCell(3, 0, 17);
         level.setCell(19, 19, HeroCode);
-        QVERIFY(!WriteLevelFile(level, path()));
-
-        QByteArray expected = "1\r\n 34 \r\n 34 \r\n";
-        const QByteArray zeros(34, '0');
-        for (int i = 0; i < 7; ++i) expected += zeros + "\r\n";
-        expected += "0000000000A" + QByteArray(23, '0') + "\r\n";
-        for (int i = 0; i < 18; ++i) expected += zeros + "\r\n";
-        expected += QByteArray(26, '0') + char(183) + "0000000\r\n";
-        for (int i = 0; i < 7; ++i) expected += zeros + "\r\n";
-        const QByteArray written = readAll(path());
-        QCOMPARE(written, expected);
-        QCOMPARE(written.count("\r\n"), 37);
-
-        // Every storable code on a non-square level survives the round trip.
-        Level wide;
-        wide.Allocate(30, 20);
-        for (int y = 0; y < 20; ++y)
-            for (int x = 0; x < 30; ++x) {
-                const int code = (y * 30 + x) % 208;
-                wide.setCell(x, y, static_cast<qint16>(code == HeroCode ? 0 : code));
-            }
-        wide.setCell(12, 7, HeroCode);
-        QVERIFY(!WriteLevelFile(wide, path()));
-        RecordingDialogs dialogs;
-        Level back;
-        QVERIFY(!ReadLevelFile(back, dialogs, path()));
-        QVERIFY(dialogs.shown.isEmpty());
-        QCOMPARE(EncodeLevelFile(back), EncodeLevelFile(wide));  // sizes and cells
-        QCOMPARE(back.cell(30, 20), 0);                          // the margin is never in the file
-
-        QCOMPARE(back.HeroX.value_or(-1), 12);
-        QCOMPARE(back.HeroY.value_or(-1), 7);
-        // The largest level: over a megabyte, so a line crosses the end of the reader's block.
-        Level widest;
-        widest.Allocate(MaxLevelSide, MaxLevelSide);
-        for (int y = 0; y < MaxLevelSide; ++y)
-            for (int x = 0; x < MaxLevelSide; x += 7)
-                widest.setCell(x, y, static_cast<qint16>(y % 208));
-        QVERIFY(!WriteLevelFile(widest, path()));
-        QVERIFY(!ReadLevelFile(back, dialogs, path()));
-        QVERIFY(dialogs.shown.isEmpty());
-        QCOMPARE(EncodeLevelFile(back), EncodeLevelFile(widest));
+        QVERIFY(writeLevelFile(level, path()).ok());
+        QList<QByteArray> lines(20, QByteArray(20, '0'));
+        lines[0][3] = 'A';
+        lines[19][19] = char(183);
+        QCOMPARE(readAll(path()),
+                 levelFile(20, 20, lines) + (QByteArray(34, '0') + "\r\n").repeated(7));
+        const LevelReadResult read = readLevelFile(back, path());
+        QVERIFY(read.ok() && read.warning.isEmpty());
+        QCOMPARE(back.cell(3, 0), 17);
+        QCOMPARE(back.hero(), Hero(QPoint(19, 19)));
     }
 
-    void readsWhatPeopleWriteByHand() {
-        RecordingDialogs dialogs;
+    void rowLengthsDecideWhereTheGridEnds_data() {
+        QTest::addColumn<QByteArray>("bytes");  // a 4 x 3 level of walls
+        QTest::addColumn<int>("rowsRead");
+        QTest::addColumn<bool>("warned");  // about the first row not read
+        const QByteArray whole = levelFile(4, 3, {"1111", "1111", "1111"});
+        QTest::newRow("all rows, no bottom border") << whole << 3 << false;
+        QTest::newRow("no rows, no blanks") << QByteArray("1\r\n18\r\n17\r\n") << 0 << false;
+        QTest::newRow("short first row") << levelFile(4, 3, {"111", "1111", "1111"}) << 0 << true;
+        QTest::newRow("long second row") << levelFile(4, 3, {"1111", "11111", "1111"}) << 1 << true;
+        QTest::newRow("cut off in the last row") << whole.chopped(5) << 2 << true;
+    }
+    void rowLengthsDecideWhereTheGridEnds() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, rowsRead);
+        QFETCH(bool, warned);
         Level level;
-
-        // Size lines without blanks.
-        writeAll(path(), "1\r\n24\r\n34\r\n");
-        QVERIFY(!ReadLevelFile(level, dialogs, path()));
-        QCOMPARE(level.GridWidth, 10);
-        QCOMPARE(level.GridHeight, 20);
-        QVERIFY(dialogs.shown.isEmpty());  // ending after line 3 is silent
-
-        // A short first row: the message for row 0 and an all-floor level.
-        writeAll(path(), levelFile(4, 3, {"1111", "111", "1111"})
-                             .replace("0000000"
-                                      "1111",
-                                      "000000"
-                                      "1111"));
-        QVERIFY(!ReadLevelFile(level, dialogs, path()));
-        QCOMPARE(dialogs.shown.value(0), "error||NEODPOVIDA DELKA RADKU 0 V level99.VRK!");
-        for (int y = 0; y < 3; ++y)
-            for (int x = 0; x < 4; ++x) QCOMPARE(level.cell(x, y), 0);
-
-        // A row too long, and a file cut off inside a row, stop at that row.
-        dialogs.shown.clear();
-        writeAll(path(), levelFile(4, 3, {"1111", "11111", "1111"}));
-        QVERIFY(!ReadLevelFile(level, dialogs, path()));
-        writeAll(path(), levelFile(4, 3, {"1111", "1111", "1111"}).chopped(5));
-        QVERIFY(!ReadLevelFile(level, dialogs, path()));
-        QCOMPARE(dialogs.shown, QStringList({"error||NEODPOVIDA DELKA RADKU 1 V level99.VRK!",
-                                             "error||NEODPOVIDA DELKA RADKU 2 V level99.VRK!"}));
-        QCOMPARE(level.cell(3, 1), 1);
-        QCOMPARE(level.cell(3, 2), 0);
-
-        // A short third row keeps rows 0 and 1; the last hero in reading order wins;
-        // a lone LF is a byte of its line; bytes below "0" give negative codes.
-        dialogs.shown.clear();
-        writeAll(path(), levelFile(4, 4,
-                                   {"\xb7"
-                                    "1/A",
-                                    "2\n\xb7"
-                                    "3",
-                                    "12", "4444"}));
-        QVERIFY(!ReadLevelFile(level, dialogs, path()));
-        QCOMPARE(dialogs.shown, QStringList{"error||NEODPOVIDA DELKA RADKU 2 V level99.VRK!"});
-        QCOMPARE(level.cell(0, 0), HeroCode);
-        QCOMPARE(level.cell(1, 0), 1);
-        QCOMPARE(level.cell(2, 0), -1);
-        QCOMPARE(level.cell(3, 0), 17);
-        QCOMPARE(level.cell(1, 1), '\n' - 48);
-        QCOMPARE(level.cell(3, 1), 3);
-        QCOMPARE(level.cell(0, 2), 0);
-        QCOMPARE(level.cell(0, 3), 0);
-        QCOMPARE(level.HeroX.value_or(-1), 2);
-        QCOMPARE(level.HeroY.value_or(-1), 1);
+        const LevelReadResult read = readBytes(level, bytes);
+        QVERIFY(read.ok());
+        QCOMPARE(read.warning,
+                 warned ? QString("NEODPOVIDA DELKA RADKU %1 V level99.VRK!").arg(rowsRead) : "");
+        QCOMPARE(QSize(level.width(), level.height()), QSize(4, 3));
+        for (int y = 0; y <= 3; ++y)
+            for (int x = 0; x <= 4; ++x)
+                QCOMPARE(std::pair(QPoint(x, y), int(level.cell(x, y))),
+                         std::pair(QPoint(x, y), x < 4 && y < rowsRead ? 1 : 0));
+        QCOMPARE(level.hero(), Hero());
     }
 
-    void refusesABadHeaderAndKeepsTheLevel() {
+    void readsOddBytesAndFreeSizeLines() {
+        // The last hero in reading order wins; a lone LF is a byte of its line; bytes below "0"
+        // give negative codes.
         Level level;
-        level.Allocate(5, 6);
-        level.setCell(2, 2, 25);
-        level.HeroX = 3;
-        const QByteArray kept = EncodeLevelFile(level);
-        const struct {
-            QByteArray bytes;
-            const char* reasonPart;
-        } cases[] = {
-            {"", "prázdný"},
-            {"1\r\n 34 \r\n", "tři řádky"},
-            {"1\r\nabc\r\n 34 \r\n", "řádku 2 není celé číslo"},
-            {"1\r\n 34 \r\n 3 4\r\n", "řádku 3 není celé číslo"},
-            {"1\r\n 34 \r\n 99999 \r\n", "řádku 3 je mimo"},  // beyond 16 bits
-            {"1\r\n 34 \r\n 99999999999999999999999 \r\n", "řádku 3 je mimo"},
-            {"1\r\n 13 \r\n 34 \r\n", "řádku 2 je mimo"},
-            {"1\r\n -34 \r\n 34 \r\n", "řádku 2 je mimo"},
-            {"1\r\n 34 \r\n 1015 \r\n", "řádku 3 je mimo"},
-            {"1\r\n+-3\r\n 34 \r\n", "řádku 2 není celé číslo"},
-            {QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), "řádku 2 není celé číslo"},
+        QVERIFY(readBytes(level, levelFile(4, 2, {"\2671/A", "\267\n\2673"})).warning.isEmpty());
+        const int codes[] = {HeroCode, 1, -1, 17, HeroCode, '\n' - 48, HeroCode, 3};
+        for (int i = 0; i < 8; ++i) QCOMPARE(level.cell(i % 4, i / 4), codes[i]);
+        QCOMPARE(level.hero(), Hero(QPoint(2, 1)));
+        // Sizes without blanks, with a sign and leading zeros; the largest side.
+        QVERIFY(readBytes(level, "1\r\n24\r\n+01014\r\n").ok());
+        QCOMPARE(QSize(level.width(), level.height()), QSize(10, MaxLevelSide));
+    }
+
+    void refusesABadHeaderAndKeepsTheLevel_data() {
+        QTest::addColumn<QByteArray>("bytes");  // none: no file at all
+        QTest::addColumn<QString>("reason");
+        const auto row = [](const char* name, const QByteArray& bytes, const char* reason) {
+            QTest::newRow(name) << bytes << QString(reason);
         };
-        RecordingDialogs dialogs;
-        for (const auto& c : cases) {
-            writeAll(path(), c.bytes);
-            const auto refusal = ReadLevelFile(level, dialogs, path());
-            QVERIFY2(refusal && refusal->message.contains(c.reasonPart) &&
-                         refusal->message.contains("level99.VRK"),
-                     c.bytes.constData());
-            QVERIFY(!refusal->missing);
-            QCOMPARE(EncodeLevelFile(level), kept);
-            QCOMPARE(level.HeroX.value_or(-1), 3);
-        }
-        const auto missing = ReadLevelFile(level, dialogs, dir.filePath("nothing.VRK"));
-        QVERIFY(missing && missing->missing);
-        QVERIFY(dialogs.shown.isEmpty());
-
-        // The largest side reads; a leading sign and zeros are a whole number too.
-        writeAll(path(), "1\r\n+01014\r\n 14 \r\n");
-        QVERIFY(!ReadLevelFile(level, dialogs, path()));
-        QCOMPARE(level.GridWidth, MaxLevelSide);
-        QCOMPARE(level.GridHeight, 0);
+        row("no file", QByteArray(), "nebyl nalezen");
+        row("empty", "", "prázdný");
+        row("two lines", "1\r\n 34 \r\n", "tři řádky");
+        row("letters", "1\r\nabc\r\n 34 \r\n", "řádku 2 není celé číslo");
+        row("two numbers", "1\r\n 34 \r\n 3 4\r\n", "řádku 3 není celé číslo");
+        row("two signs", "1\r\n+-3\r\n 34 \r\n", "řádku 2 není celé číslo");
+        row("a picture", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), "řádku 2 není celé");
+        row("beyond 64 bits", "1\r\n 34 \r\n 99999999999999999999999 \r\n", "řádku 3 je mimo");
+        row("below the border", "1\r\n 13 \r\n 34 \r\n", "řádku 2 je mimo");
+        row("one too many", "1\r\n 34 \r\n 1015 \r\n", "řádku 3 je mimo");
+    }
+    void refusesABadHeaderAndKeepsTheLevel() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, reason);
+        QFile::remove(path());
+        if (!bytes.isNull()) writeAll(path(), bytes);
+        Level level = filledLevel(5, 6, 25);
+        level.setHero(QPoint(3, 0));
+        const QByteArray kept = encodeLevelFile(level);
+        const LevelReadResult read = readLevelFile(level, path());
+        QVERIFY2(read.refusal.contains(reason) && read.refusal.contains("level99.VRK"),
+                 qPrintable(read.refusal));
+        QCOMPARE(read.missing, bytes.isNull());
+        QCOMPARE(encodeLevelFile(level), kept);
+        QCOMPARE(level.hero(), Hero(QPoint(3, 0)));
     }
 
     void aFailedSaveLeavesTheOldFile() {
         writeAll(path(), "old level");
         Level level;
-        level.Allocate(20, 20);
-
+        level.reset(20, 20);
         // A full disk: the file system takes the first kilobyte only.
         rlimit unlimited{};
         getrlimit(RLIMIT_FSIZE, &unlimited);
         signal(SIGXFSZ, SIG_IGN);
         const rlimit kilobyte{1024, unlimited.rlim_max};
         setrlimit(RLIMIT_FSIZE, &kilobyte);
-        const auto diskFull = WriteLevelFile(level, path());  // 1.3 kB
+        const LevelWriteResult diskFull = writeLevelFile(level, path());  // 1.3 kB
         setrlimit(RLIMIT_FSIZE, &unlimited);
-        QVERIFY(diskFull && diskFull->contains("level99.VRK"));
+        QVERIFY(diskFull.failure.contains("level99.VRK"));
         QCOMPARE(readAll(path()), QByteArray("old level"));
-
         // A folder where the file should be.
-        const QString folder = dir.filePath("folder.VRK");
-        QVERIFY(QDir().mkdir(folder));
-        QVERIFY(WriteLevelFile(level, folder).has_value());
-        QVERIFY(QFileInfo(folder).isDir());
+        QVERIFY(QDir(dir.path()).mkdir("folder.VRK"));
+        QVERIFY(!writeLevelFile(level, dir.filePath("folder.VRK")).ok());
+        QVERIFY(QDir(dir.filePath("folder.VRK")).exists());
     }
 
+    void wallTestStaysInsideTheLevel_data() {
+        QTest::addColumn<QPoint>("cell");  // on a 30 x 20 level of walls, margin included
+        QTest::addColumn<int>("code");     // put at the cell when it is on the grid
+        QTest::addColumn<bool>("wall");
+        QTest::newRow("column 0") << QPoint(0, 5) << 1 << false;
+        QTest::newRow("row 0") << QPoint(5, 0) << 1 << false;
+        QTest::newRow("left of the grid") << QPoint(-1, 5) << 1 << false;
+        QTest::newRow("margin column") << QPoint(30, 5) << 1 << false;
+        QTest::newRow("margin row") << QPoint(5, 20) << 1 << false;
+        QTest::newRow("x beyond the height") << QPoint(25, 5) << 1 << true;
+        QTest::newRow("y beyond the height") << QPoint(5, 25) << 1 << false;
+        QTest::newRow("last piece") << QPoint(29, 19) << LastWallPiece << true;
+        QTest::newRow("furniture") << QPoint(29, 19) << FirstFurniture << false;
+        QTest::newRow("negative") << QPoint(29, 19) << -3 << false;
+    }
     void wallTestStaysInsideTheLevel() {
-        Level level;
-        level.Allocate(30, 20);
-        for (int y = 0; y <= 20; ++y)
-            for (int x = 0; x <= 30; ++x) level.setCell(x, y, 1);
-        QCOMPARE(IsWallAt(level, 0, 5), 0);  // strict lower bounds
-        QCOMPARE(IsWallAt(level, 5, 0), 0);
-        QCOMPARE(IsWallAt(level, -1, 5), 0);
-        QCOMPARE(IsWallAt(level, 30, 5), 0);  // the margin column and row
-        QCOMPARE(IsWallAt(level, 5, 20), 0);
-        QCOMPARE(IsWallAt(level, 25, 5), 1);  // beyond the height, inside the width
-        QCOMPARE(IsWallAt(level, 5, 25), 0);
-        QCOMPARE(IsWallAt(level, 29, 19), 1);
-        const qint16 codes[] = {22, 23, 0, -3, 1};
-        const int expected[] = {1, 0, 0, 0, 1};
-        for (int i = 0; i < 5; ++i) {
-            level.setCell(29, 19, codes[i]);
-            QCOMPARE(IsWallAt(level, 29, 19), expected[i]);
+        QFETCH(QPoint, cell);
+        QFETCH(int, code);
+        QFETCH(bool, wall);
+        Level level = filledLevel(30, 20, 1);
+        if (level.contains(cell.x(), cell.y())) level.setCell(cell.x(), cell.y(), qint16(code));
+        QCOMPARE(isWallAt(level, cell.x(), cell.y()), wall);
+    }
+
+    void saveFindsAHeroInTheLevelProperOnly() {
+        Level level = filledLevel(4, 3, 0);
+        level.setCell(4, 2, HeroCode);  // the margin
+        QVERIFY(!containsHero(level));
+        level.setCell(3, 2, HeroCode);
+        QVERIFY(containsHero(level));
+        level.reset(4, 3);
+        QVERIFY(!containsHero(level) && !level.hero());
+    }
+
+    void wallPiecesJoinTheirArms() {
+        for (int key = 0; key < 16; ++key) {
+            const std::string walls = {key & 8 ? '1' : '0', key & 4 ? '1' : '0',
+                                       key & 2 ? '1' : '0', key & 1 ? '1' : '0'};
+            QCOMPARE(std::pair(key, wallPieceFor(key)), std::pair(key, predictedWallPiece(walls)));
         }
-        level.Allocate(3, 3);
-        QCOMPARE(IsWallAt(level, 1, 1), 0);
-        QCOMPARE(level.cell(3, 3), 0);
-        QVERIFY(!level.HeroX);
+        // Every look of a piece has the arms that give back its first look.
+        for (int piece = FirstWallPiece; piece <= LastWallPiece; ++piece) {
+            const int firstLook = piece < FirstVerticalPiece       ? FirstHorizontalPiece
+                                  : piece < FirstVerticalPiece + 4 ? FirstVerticalPiece
+                                                                   : piece;
+            QCOMPARE(std::pair(piece, wallPieceFor(wallKey(armsOfPiece(piece)))),
+                     std::pair(piece, firstLook));
+        }
+        for (int code : {FloorCode, FirstFurniture, -1}) QCOMPARE(wallKey(armsOfPiece(code)), 0);
+    }
+
+    void toolsKnowWhatTheyPaint_data() {
+        QTest::addColumn<QList<int>>("codes");
+        QTest::addColumn<ToolKind>("kind");  // None: not in the palette
+        QTest::addColumn<QSize>("footprint");
+        QTest::newRow("wall") << QList<int>{1} << ToolKind::Wall << QSize(1, 1);
+        QTest::newRow("rooms A-D") << QList<int>{2, 3, 4, 5} << ToolKind::Room << QSize(3, 4);
+        QTest::newRow("rooms E-H") << QList<int>{6, 7, 8, 9} << ToolKind::Room << QSize(4, 3);
+        QTest::newRow("hero") << QList<int>{135} << ToolKind::Hero << QSize(1, 1);
+        const QList<int> single = {0,   23,  24,  25,  26,  27,  28,  29,
+                                   124, 125, 126, 127, 134, 136, 137, 138};
+        QTest::newRow("one cell") << single << ToolKind::SingleCell << QSize(1, 1);
+        const QList<int> none = {-1, 10, 22, 30, 123, 128, 133, 139};
+        QTest::newRow("no tool") << none << ToolKind::None << QSize(1, 1);
+    }
+    void toolsKnowWhatTheyPaint() {
+        QFETCH(QList<int>, codes);
+        QFETCH(ToolKind, kind);
+        QFETCH(QSize, footprint);
+        const auto palette = paletteTools();
+        QCOMPARE(palette.size(), 26u);  // so the rows name every tool it holds, once
+        for (int code : codes) {
+            const bool inPalette = std::any_of(palette.begin(), palette.end(),
+                                               [&](const Tool& tool) { return tool.code == code; });
+            QCOMPARE(std::tuple(code, toolKind(code), toolFootprint(code), inPalette),
+                     std::tuple(code, kind, footprint, kind != ToolKind::None));
+        }
     }
 };
 

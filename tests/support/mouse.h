@@ -1,8 +1,19 @@
 #pragma once
 
+#include "editor_window.h"
+#include "level_document.h"
+#include "map_viewport.h"
+#include "mouse_surface.h"
+#include "outline_shape.h"
+#include "recording_dialogs.h"
+
 #include <QApplication>
+#include <QLineEdit>
 #include <QMouseEvent>
-#include <QWidget>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+// Driving the editor window: real mouse events, and a window whose parts are found by name.
 
 // Sends a real mouse event to a widget: `button` is the one pressed (none for a move),
 // `held` every button held down.
@@ -17,3 +28,44 @@ inline void press(QWidget* widget, QPointF at, Qt::MouseButton button = Qt::Left
 inline void drag(QWidget* widget, QPointF at, Qt::MouseButtons held = Qt::LeftButton) {
     sendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, held);
 }
+
+// The middle of a map cell, in map pixels.
+inline QPointF cellCentre(QPoint cell) {
+    return {64.0 * cell.x() + 32, 64.0 * cell.y() + 32};
+}
+
+// An editor window on a document working in a fresh folder of its own.
+struct Editor {
+    Editor() = default;
+    // Started on an all-floor level file of this size, holding `code` in cell `at`.
+    explicit Editor(QSize size, QPoint at = {}, qint16 code = 0) {
+        Level file;
+        file.reset(size.width(), size.height());
+        file.setCell(at.x(), at.y(), code);
+        if (!writeLevelFile(file, path(LevelFileName)).ok()) qFatal("no level file written");
+        window.startUp();
+    }
+
+    QTemporaryDir folder;
+    RecordingDialogs dialogs;
+    LevelDocument document{QDir(folder.path())};
+    EditorWindow window{document, dialogs};
+    const Level& level = document.level();
+    MapViewport* viewport = part<MapViewport>("mapViewport");
+    MouseSurface* map = part<MouseSurface>("mapSurface");
+    OutlineShape* outline = part<OutlineShape>("cursorOutline");
+
+    QString path(const char* fileName) const { return folder.filePath(fileName); }
+    template <typename Part = QWidget>
+    Part* part(const char* name) const {
+        Part* found = window.findChild<Part*>(name);
+        if (!found) qFatal("the window has no part %s", name);
+        return found;
+    }
+    // Types the sizes into the menu and presses New.
+    void newLevel(const QString& width, const QString& height) {
+        part<QLineEdit>("widthField")->setText(width);
+        part<QLineEdit>("heightField")->setText(height);
+        part<QPushButton>("newButton")->click();
+    }
+};
