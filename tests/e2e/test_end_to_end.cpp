@@ -67,8 +67,13 @@ class EndToEndTest : public QObject {
         QVERIFY(x.serverUp());
         Grid start;
         start[{12, 12}] = 26;  // a flowerpot the file already holds
-        prepareFolder(QDir(folder.path()), levelFile(start));
-        QVERIFY(x.startEditor(VARNOK_EDITOR, folder.path()));
+        // The level folder is named on the command line; the editor starts somewhere else.
+        const QDir levels(QDir(folder.path()).filePath("moje levely"));
+        QTemporaryDir elsewhere;
+        QVERIFY(levels.mkpath("."));
+        prepareFolder(levels, levelFile(start));
+        QVERIFY(x.startEditor(VARNOK_EDITOR, elsewhere.path(), X11Session::User::Same,
+                              {levels.path()}));
         dismissHelp(x);
         x.resizeEditor(896, 1150);
         const QPoint client = x.clientOrigin();
@@ -103,10 +108,11 @@ class EndToEndTest : public QObject {
         for (int dy = 0; dy < 4; ++dy)
             for (int dx = 0; dx < 3; ++dx) expected[{4 + dx, 8 + dy}] = roomA[dy][dx];
         expected[{7, 13}] = 135;
-        const QString path = QDir(folder.path()).filePath("level99.VRK");
+        const QString path = levels.filePath("level99.VRK");
         const QByteArray saved = waitForFile(path, levelFile(start));
         QCOMPARE(saved, levelFile(expected));
         QVERIFY(x.editorRunning());
+        QVERIFY(QDir(elsewhere.path()).isEmpty());
     }
 
     void windowShowsItsColoursAndEveryPaletteEntry() {
