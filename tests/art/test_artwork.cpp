@@ -142,7 +142,7 @@ class ArtworkTest : public QObject {
             QCOMPARE(a.readAll(), b.readAll());
             ++files;
         }
-        QCOMPARE(files, 1 + 26 + 3 + 2);
+        QCOMPARE(files, 1 + 26 + 3 + 6);  // the sheet, palette, buttons, icons
     }
 };
 
