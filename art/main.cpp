@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     for (const char* name : {"new", "open", "save"})
         written &= Art::buttonPicture(name).save(
             out.filePath(QStringLiteral("buttons/%1.bmp").arg(name)), "BMP");
-    for (int side : {32, 16})
+    for (int side : {16, 32, 48, 64, 128, 256})
         written &= Art::windowIcon(side).save(
             out.filePath(QStringLiteral("icon/icon%1.png").arg(side)), "PNG");
     if (sample) written &= Art::drawSampleLevel(sheet).save(QString::fromLocal8Bit(argv[3]), "PNG");

@@ -1,6 +1,7 @@
 #include "window_icon.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 namespace Art {
 
@@ -55,9 +56,58 @@ void small(QPainter& p) {
     p.fillRect(6, 12, 4, 1, Dark);  // smile
 }
 
+// The same face drawn smooth on a rounded tile, in 32 units, for desktop menus and launchers.
+QImage desktopIcon(int side) {
+    QImage full(side, side, QImage::Format_ARGB32_Premultiplied);
+    full.fill(Qt::transparent);
+    QPainter p(&full);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.scale(side / 32.0, side / 32.0);
+    QPainterPath tile;
+    tile.addRoundedRect(QRectF(0.5, 0.5, 31, 31), 5, 5);
+    p.setClipPath(tile);
+    p.fillRect(0, 0, 32, 32, Navy);
+    p.fillRect(0, 28, 32, 4, Teal);
+
+    p.setPen(QPen(Dark, 1.6, Qt::SolidLine, Qt::RoundCap));  // antennae
+    p.drawLine(QPointF(11.5, 9.5), QPointF(8, 4.5));
+    p.drawLine(QPointF(20.5, 9.5), QPointF(24, 4.5));
+    p.setPen(QPen(Dark, 0.8));
+    p.setBrush(Light);
+    p.drawEllipse(QPointF(8, 4), 2.2, 2.2);
+    p.drawEllipse(QPointF(24, 4), 2.2, 2.2);
+
+    QRadialGradient skin(QPointF(13, 14), 15);  // lit from the top left
+    skin.setColorAt(0, QColor(140, 255, 140));
+    skin.setColorAt(0.55, Light);
+    skin.setColorAt(1, Dark);
+    p.setPen(QPen(Dark.darker(130), 1));
+    p.setBrush(skin);
+    p.drawEllipse(QRectF(4, 8, 24, 21));
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(255, 255, 255, 170));  // shine
+    p.drawEllipse(QRectF(8.5, 10.5, 5, 2.2));
+
+    p.setPen(QPen(Dark, 0.6));  // eyes
+    p.setBrush(White);
+    p.drawEllipse(QRectF(8.5, 13.5, 6.5, 6.5));
+    p.drawEllipse(QRectF(17, 13.5, 6.5, 6.5));
+    p.setPen(Qt::NoPen);
+    p.setBrush(Black);
+    p.drawEllipse(QRectF(11, 15.5, 3, 3));
+    p.drawEllipse(QRectF(19.5, 15.5, 3, 3));
+
+    p.setPen(QPen(Dark, 1.6, Qt::SolidLine, Qt::RoundCap));  // smile
+    p.setBrush(Qt::NoBrush);
+    p.drawArc(QRectF(11, 18, 10, 6), -20 * 16, -140 * 16);
+    p.end();
+    return full;
+}
+
 }  // namespace
 
 QImage windowIcon(int side) {
+    if (side > 32) return desktopIcon(side);
     QImage full(side, side, QImage::Format_RGB32);
     full.fill(Navy);
     QPainter p(&full);

@@ -1,20 +1,34 @@
+#include "editor_command_line.h"
 #include "editor_window.h"
 #include "level_document.h"
 #include "message_box_dialogs.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 
 #include <csignal>
+#include <cstdio>
 
 int main(int argc, char** argv) {
+    // Help, version and a path the editor cannot use are answered before a display is needed.
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments << QFile::decodeName(argv[i]);
+    const EditorLaunch launch =
+        parseEditorCommandLine(arguments, QDir::currentPath(), QDir::homePath());
+    if (launch.action == EditorLaunch::Action::Print) std::fputs(qPrintable(launch.text), stdout);
+    if (launch.action == EditorLaunch::Action::Fail)
+        std::fprintf(stderr, "varnok-editor: %s\n", qPrintable(launch.text));
+    if (launch.action != EditorLaunch::Action::Run) return launch.exitCode;
+
     // Under a file-size limit a save must fail with an error the user is told of; by
     // default the signal would end the editor and lose the level on screen.
     std::signal(SIGXFSZ, SIG_IGN);
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Varnok Editor"));
+    QApplication::setDesktopFileName(QStringLiteral(VARNOK_APP_ID));
     MessageBoxDialogs dialogs;
-    LevelDocument document(QDir::current());
+    LevelDocument document(launch.levelFile, launch.spriteSheet);
     EditorWindow window(document, dialogs);
     dialogs.setParent(&window);
     window.startUp();

@@ -121,7 +121,7 @@ class ArtworkTest : public QObject {
             QVERIFY(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
             QCOMPARE(a.readAll(), b.readAll());
         }
-        QCOMPARE(files, 1 + 26 + 3 + 2);
+        QCOMPARE(files, 1 + 26 + 3 + 6);  // the sheet, palette, buttons, icons
     }
 };
 

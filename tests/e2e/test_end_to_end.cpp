@@ -48,10 +48,11 @@ class EndToEndTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir folder;
-    void prepareFolder(const QDir& dir, const QByteArray& level) {
+    void prepareFolder(const QDir& dir, const QByteArray& level,
+                       const QString& name = "level99.VRK") {
         QFile::copy(VARNOK_SHEET, dir.filePath("EditPic.jpg"));
         if (level.isEmpty()) return;
-        QFile file(dir.filePath("level99.VRK"));
+        QFile file(dir.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(level);
     }
@@ -67,8 +68,14 @@ class EndToEndTest : public QObject {
         QVERIFY(x.serverUp());
         Grid start;
         start[{12, 12}] = 26;  // a flowerpot the file already holds
-        prepareFolder(QDir(folder.path()), levelFile(start));
-        QVERIFY(x.startEditor(VARNOK_EDITOR, folder.path()));
+        // A level file of its own name is named on the command line; the editor starts
+        // somewhere else.
+        const QDir levels(QDir(folder.path()).filePath("moje levely"));
+        QTemporaryDir elsewhere;
+        QVERIFY(levels.mkpath("."));
+        prepareFolder(levels, levelFile(start), "hrad.vrk");
+        QVERIFY(x.startEditor(VARNOK_EDITOR, elsewhere.path(), X11Session::User::Same,
+                              {levels.filePath("hrad.vrk")}));
         dismissHelp(x);
         x.resizeEditor(896, 1150);
         const QPoint client = x.clientOrigin();
@@ -103,10 +110,11 @@ class EndToEndTest : public QObject {
         for (int dy = 0; dy < 4; ++dy)
             for (int dx = 0; dx < 3; ++dx) expected[{4 + dx, 8 + dy}] = roomA[dy][dx];
         expected[{7, 13}] = 135;
-        const QString path = QDir(folder.path()).filePath("level99.VRK");
-        const QByteArray saved = waitForFile(path, levelFile(start));
+        const QByteArray saved = waitForFile(levels.filePath("hrad.vrk"), levelFile(start));
         QCOMPARE(saved, levelFile(expected));
         QVERIFY(x.editorRunning());
+        QVERIFY(QDir(elsewhere.path()).isEmpty());
+        QVERIFY(!levels.exists("level99.VRK"));
     }
 
     void windowShowsItsColoursAndEveryPaletteEntry() {

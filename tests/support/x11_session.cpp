@@ -43,7 +43,8 @@ bool X11Session::xdotool(const QStringList& arguments, QByteArray* output) {
     return tool.exitStatus() == QProcess::NormalExit && tool.exitCode() == 0;
 }
 
-bool X11Session::startEditor(const QString& program, const QString& folder, User user) {
+bool X11Session::startEditor(const QString& program, const QString& folder, User user,
+                             const QStringList& arguments) {
     QProcessEnvironment editorEnvironment = environment;
     editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
     if (user == User::Ordinary && geteuid() == 0) {
@@ -57,7 +58,7 @@ bool X11Session::startEditor(const QString& program, const QString& folder, User
     editor.setProcessEnvironment(editorEnvironment);
     editor.setWorkingDirectory(folder);
     editor.setProcessChannelMode(QProcess::ForwardedChannels);
-    editor.start(program, {});
+    editor.start(program, arguments);
     if (!editor.waitForStarted()) return false;
     mainWindow = waitForWindow("VARNOK LEVEL EDITOR");
     return !mainWindow.isEmpty();

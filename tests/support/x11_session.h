@@ -13,10 +13,12 @@ class X11Session {
     ~X11Session();
     bool serverUp() const { return server.state() == QProcess::Running; }
 
-    // Starts the editor in `folder` and waits for its main window. As an ordinary user, the
-    // editor runs as "nobody" when the tests run as root, so that file permissions hold.
+    // Starts the editor in `folder` with `arguments` and waits for its main window. As an
+    // ordinary user, the editor runs as "nobody" when the tests run as root, so that file
+    // permissions hold.
     enum class User { Same, Ordinary };
-    bool startEditor(const QString& program, const QString& folder, User user = User::Same);
+    bool startEditor(const QString& program, const QString& folder, User user = User::Same,
+                     const QStringList& arguments = {});
     bool editorRunning() const { return editor.state() == QProcess::Running; }
 
     // Waits until a window with exactly this title exists; its id, or empty.

@@ -1,0 +1,130 @@
+#include "editor_command_line.h"
+
+#include "level_file.h"
+#include "sprite_sheet.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+
+#include <optional>
+
+namespace {
+
+constexpr char Program[] = "varnok-editor";
+
+EditorLaunch failure(int exitCode, const QString& message) {
+    EditorLaunch launch;
+    launch.exitCode = exitCode;
+    launch.text = message;
+    return launch;
+}
+
+QString helpText(const QList<QCommandLineOption>& options) {
+    QString text = QStringLiteral(
+                       "Použití: %1 [volby] [CESTA]\n"
+                       "Editor uživatelského levelu ke hře Varnok.\n\n"
+                       "CESTA je složka, ve které editor čte a ukládá %2, nebo soubor levelu\n"
+                       "libovolného jména; nový soubor *.vrk vytvoří až Uložit. Obrázek %3 se\n"
+                       "hledá vedle levelu, jinak se použije vestavěný. Bez CESTY editor pracuje\n"
+                       "v aktuální složce.\n\nVolby:\n")
+                       .arg(Program, LevelFileName, SpriteSheetFileName);
+    for (const QCommandLineOption& option : options) {
+        QStringList names;
+        for (const QString& name : option.names())
+            names << (name.size() == 1 ? QStringLiteral("-") : QStringLiteral("--")) + name;
+        QString description = option.description();
+        text += QStringLiteral("  %1%2\n")
+                    .arg(names.join(QStringLiteral(", ")), -20)
+                    .arg(description.replace('\n', QStringLiteral("\n%1").arg("", 22)));
+    }
+    return text;
+}
+
+// The level file must be readable when it exists, and Save must be able to replace or create it
+// (a new file is written beside it first, so its folder must be writable).
+std::optional<QString> unusable(const QFileInfo& level) {
+    const QString folder = level.absolutePath();
+    if (level.exists() && !level.isFile())
+        return QStringLiteral("%1 není soubor levelu.").arg(level.filePath());
+    if (level.exists() && !level.isReadable())
+        return QStringLiteral("Soubor %1 nelze číst.").arg(level.filePath());
+    if (level.exists() && !level.isWritable())
+        return QStringLiteral("Soubor %1 je jen pro čtení, level by nešlo uložit.")
+            .arg(level.filePath());
+    if (!QFileInfo(folder).isWritable())
+        return QStringLiteral("Do složky %1 nelze zapisovat, level by nešlo uložit.").arg(folder);
+    return std::nullopt;
+}
+
+}  // namespace
+
+EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString& currentFolder,
+                                    const QString& homeFolder) {
+    const QList<QCommandLineOption> options = {
+        {{"h", "help"}, QStringLiteral("vypíše tuto nápovědu")},
+        {{"v", "version"}, QStringLiteral("vypíše verzi editoru")},
+        {"varnok-folder", QStringLiteral("bez CESTY pracuje ve složce ~/%1, chybí-li, vytvoří ji\n"
+                                         "(tak editor spouští nabídka plochy)")
+                              .arg(MenuFolderName)}};
+    QCommandLineParser parser;
+    parser.addOptions(options);
+    parser.addPositionalArgument(QStringLiteral("CESTA"), {});
+    const QString seeHelp = QStringLiteral(" Nápovědu vypíše %1 --help.").arg(Program);
+    if (!parser.parse(arguments)) {
+        const QStringList unknown = parser.unknownOptionNames();
+        if (unknown.isEmpty())
+            return failure(
+                2, QStringLiteral("Chybně zadaná volba (%1).").arg(parser.errorText()) + seeHelp);
+        const QString dashes = unknown.first().size() == 1 ? "-" : "--";
+        return failure(
+            2, QStringLiteral("Neznámá volba %1%2.").arg(dashes, unknown.first()) + seeHelp);
+    }
+
+    EditorLaunch launch;
+    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("version"))) {
+        launch.action = EditorLaunch::Action::Print;
+        launch.text = parser.isSet(QStringLiteral("help"))
+                          ? helpText(options)
+                          : QStringLiteral("%1 %2\n").arg(Program, VARNOK_VERSION);
+        return launch;
+    }
+    const QStringList paths = parser.positionalArguments();
+    if (paths.size() > 1)
+        return failure(2, QStringLiteral("Zadejte nejvýš jednu CESTU.") + seeHelp);
+
+    QFileInfo level;
+    if (!paths.isEmpty()) {
+        const QFileInfo path(QDir::cleanPath(QDir(currentFolder).absoluteFilePath(paths[0])));
+        const QString folder = path.absolutePath();
+        if (path.isDir()) {
+            level = QFileInfo(QDir(path.filePath()), LevelFileName);
+        } else if (path.exists() && !path.isFile()) {
+            return failure(1, QStringLiteral("%1 není soubor ani složka.").arg(path.filePath()));
+        } else if (path.exists() || (path.suffix().compare("vrk", Qt::CaseInsensitive) == 0 &&
+                                     QFileInfo(folder).isDir())) {
+            level = path;
+        } else if (!QFileInfo(folder).isDir()) {
+            return failure(1, QStringLiteral("Složka %1 neexistuje.").arg(folder));
+        } else {
+            return failure(1,
+                           QStringLiteral("Soubor ani složka %1 neexistuje.").arg(path.filePath()));
+        }
+    } else if (parser.isSet(QStringLiteral("varnok-folder"))) {
+        const QString folder = QDir(homeFolder).absoluteFilePath(MenuFolderName);
+        if (!QDir().mkpath(folder))
+            return failure(1, QStringLiteral("Složku %1 nelze vytvořit.").arg(folder));
+        level = QFileInfo(QDir(folder), LevelFileName);
+    } else {
+        // The current folder is taken as it is, whatever can be done there.
+        level = QFileInfo(QDir(currentFolder), LevelFileName);
+    }
+    if (!paths.isEmpty() || parser.isSet(QStringLiteral("varnok-folder"))) {
+        if (const auto message = unusable(level)) return failure(1, *message);
+    }
+
+    launch.action = EditorLaunch::Action::Run;
+    launch.levelFile = QDir::cleanPath(level.absoluteFilePath());
+    launch.spriteSheet = QDir(level.absolutePath()).filePath(SpriteSheetFileName);
+    return launch;
+}

@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Installs the build into a fresh prefix and checks every installed file.
+#   check_install.sh BUILD-FOLDER DESKTOP-ID VERSION
+set -euo pipefail
+build=$1 id=$2 version=$3
+prefix=$(mktemp -d)
+trap 'rm -rf "$prefix"' EXIT
+cmake --install "$build" --prefix "$prefix" >/dev/null
+
+failed=0
+check() {
+    local out
+    out=$("$@" 2>&1) || { echo "FAILED: $*"; echo "$out"; failed=1; }
+}
+share=$prefix/share
+expected=(bin/varnok-editor share/applications/$id.desktop share/mime/packages/$id.xml
+          share/metainfo/$id.metainfo.xml share/man/man1/varnok-editor.1.gz)
+for side in 16 32 48 64 128 256; do
+    expected+=(share/icons/hicolor/${side}x$side/apps/$id.png)
+    check test "$(identify -format %wx%h "$share/icons/hicolor/${side}x$side/apps/$id.png")" \
+        = "${side}x$side"
+done
+for file in "${expected[@]}"; do check test -f "$prefix/$file"; done
+check test "$(cd "$prefix" && find . -type f | wc -l)" = ${#expected[@]}
+
+check desktop-file-validate "$share/applications/$id.desktop"
+check appstreamcli validate --no-net --explain "$share/metainfo/$id.metainfo.xml"
+check test "$("$prefix/bin/varnok-editor" --version)" = "varnok-editor $version"
+warnings=$(LC_ALL=C.UTF-8 man --warnings -l "$share/man/man1/varnok-editor.1.gz" 2>&1 >/dev/null)
+check test -z "$warnings"
+# Both spellings of the level file's extension name the MIME type.
+update-mime-database "$share/mime" >/dev/null 2>&1
+for glob in '\*.VRK' '\*.vrk'; do
+    check grep -q "application/x-varnok-level:$glob" "$share/mime/globs2"
+done
+exit $failed
