@@ -10,6 +10,10 @@
 #include <csignal>
 #include <cstdio>
 
+#include <langinfo.h>
+#include <clocale>
+#include <cstring>
+
 int main(int argc, char** argv) {
     // Help, version and a path the editor cannot use are answered before a display is needed.
     QStringList arguments;
@@ -25,6 +29,9 @@ int main(int argc, char** argv) {
     // default the signal would end the editor and lose the level on screen.
     std::signal(SIGXFSZ, SIG_IGN);
     QApplication app(argc, argv);
+    // Xlib encodes the legacy window title (WM_NAME) in the C library's locale: with none set it
+    // is ASCII and Czech titles arrive garbled. Qt itself assumes UTF-8 for file names and text.
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
     QApplication::setApplicationName(QStringLiteral("Varnok Editor"));
     QApplication::setDesktopFileName(QStringLiteral(VARNOK_APP_ID));
     MessageBoxDialogs dialogs;

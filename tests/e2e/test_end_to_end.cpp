@@ -47,10 +47,13 @@ int distance(QRgb a, QRgb b) {
 class EndToEndTest : public QObject {
     Q_OBJECT
 
-    QTemporaryDir folder;
     void prepareFolder(const QDir& dir, const QByteArray& level,
                        const QString& name = "level99.VRK") {
+        // A copy keeps its source's mode, which the builder's umask chose.
         QFile::copy(VARNOK_SHEET, dir.filePath("EditPic.jpg"));
+        QFile::setPermissions(dir.filePath("EditPic.jpg"),
+                              QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                  QFileDevice::ReadGroup | QFileDevice::ReadOther);
         if (level.isEmpty()) return;
         QFile file(dir.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -63,7 +66,10 @@ class EndToEndTest : public QObject {
     }
 
   private slots:
+    void initTestCase() { X11Session::prepareProcess(); }
+
     void paintAndSaveALevel() {
+        QTemporaryDir folder;
         X11Session x;
         QVERIFY(x.serverUp());
         Grid start;
@@ -156,6 +162,7 @@ class EndToEndTest : public QObject {
         // A copy of the editor that an ordinary user may run, wherever the build lies.
         const QString program = QDir(programs.path()).filePath("varnok-editor");
         QVERIFY(QFile::copy(VARNOK_EDITOR, program));
+        QVERIFY(QFile::setPermissions(program, readAndEnter));
         QVERIFY(QFile::setPermissions(programs.path(), readAndEnter | QFileDevice::WriteOwner));
 
         X11Session x;
@@ -174,6 +181,33 @@ class EndToEndTest : public QObject {
         QVERIFY(saved.open(QIODevice::ReadOnly));
         QCOMPARE(saved.readAll(), levelFile(start));
         QCOMPARE(QDir(readOnly.path()).entryList(QDir::Files).size(), 2);  // no leftovers
+    }
+
+    void aFolderNamedInCzechWithBlanks() {
+        // The editor runs with no locale at all (see X11Session).
+        QTemporaryDir czech(QDir::tempPath() + "/Úrovně hry XXXXXX");
+        QVERIFY(czech.isValid());
+        Grid start;
+        start[{7, 13}] = 135;  // the hero, so that Save writes
+        start[{12, 12}] = 26;
+        prepareFolder(QDir(czech.path()), levelFile(start));
+        X11Session x;
+        QVERIFY(x.startEditor(VARNOK_EDITOR, czech.path()));
+        QVERIFY(x.messageText("Nápověda").startsWith("Nacházíte se v Editoru uživatelského"));
+        x.key("Return");
+        QVERIFY(x.windowGone("Nápověda"));
+        x.resizeEditor(896, 1150);
+        x.click(x.clientOrigin() + QPoint(10 + 8 + 36, 1150 - 179 + 128 + 16));  // Uložit
+        QVERIFY(!x.waitForWindow("Uložit přes starý").isEmpty());
+        x.key("Return");
+
+        Grid expected = predictedFrame(Side, Side);
+        expected[{7, 13}] = 135;
+        expected[{12, 12}] = 26;
+        const QString path = QDir(czech.path()).filePath("level99.VRK");
+        QCOMPARE(waitForFile(path, levelFile(start)), levelFile(expected));
+        QCOMPARE(QDir(czech.path()).entryList(QDir::Files).size(), 2);  // nothing beside it
+        QVERIFY(x.editorRunning());
     }
 
     void aMalformedLevelIsToldAndTheEditorGoesOn() {

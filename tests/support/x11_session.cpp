@@ -6,11 +6,23 @@
 #include <QTemporaryFile>
 #include <QThread>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
+void X11Session::prepareProcess() {
+    umask(022);
+    qputenv("TMPDIR", "/tmp");
+}
+
 X11Session::X11Session() {
-    environment = QProcessEnvironment::systemEnvironment();
-    environment.remove("QT_QPA_PLATFORM");
+    environment.insert("PATH", qEnvironmentVariable("PATH", "/usr/local/bin:/usr/bin:/bin"));
+    environment.insert("LANG", "C.UTF-8");
+    environment.insert("LC_ALL", "C.UTF-8");
+    environment.insert("HOME", scratch.filePath("home"));
+    environment.insert("XDG_RUNTIME_DIR", scratch.path());  // made with mode 0700, as required
+    environment.insert("TMPDIR", QDir::tempPath());
+    QDir(scratch.path()).mkdir("home");
+    server.setProcessEnvironment(environment);
     // Xvfb picks a free display and writes its number to the descriptor named. Without
     // -noreset it resets whenever its last client leaves, refusing whoever connects meanwhile.
     server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1600x2400x24", "-nolisten", "tcp",
@@ -46,7 +58,11 @@ bool X11Session::xdotool(const QStringList& arguments, QByteArray* output) {
 bool X11Session::startEditor(const QString& program, const QString& folder, User user,
                              const QStringList& arguments) {
     QProcessEnvironment editorEnvironment = environment;
+    editorEnvironment.remove("LANG");
+    editorEnvironment.remove("LC_ALL");
     editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
+    if (qEnvironmentVariableIsSet("UBSAN_OPTIONS"))
+        editorEnvironment.insert("UBSAN_OPTIONS", qEnvironmentVariable("UBSAN_OPTIONS"));
     if (user == User::Ordinary && geteuid() == 0) {
         constexpr uid_t nobody = 65534;
         editorEnvironment.insert("HOME", "/nonexistent");

@@ -5,11 +5,20 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 
 // A private X server (Xvfb) with the editor running in it, driven by real input from xdotool.
+// Its programs get an environment made here, not the caller's: the X tools a UTF-8 locale (they
+// convert window titles and copied text to it, so Czech titles would never match without), a
+// private HOME and XDG_RUNTIME_DIR; the editor the same but with no locale at all, as a fresh
+// container or a service starts it.
 class X11Session {
   public:
     X11Session();
+    // Once per test process, before it makes any file: a umask of 022 and the shared /tmp, so
+    // that what the tests make is readable by the editor's ordinary user whatever the caller's
+    // umask or a private TMPDIR (one that only its owner may enter) would be.
+    static void prepareProcess();
     ~X11Session();
     bool serverUp() const { return server.state() == QProcess::Running; }
 
@@ -38,6 +47,7 @@ class X11Session {
     QString messageText(const QString& title);
 
   private:
+    QTemporaryDir scratch;  // HOME and XDG_RUNTIME_DIR; outlives the processes below
     QProcessEnvironment environment;
     QProcess server;
     QProcess editor;
