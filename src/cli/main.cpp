@@ -1,0 +1,36 @@
+#include "command_line.h"
+#include "commands.h"
+#include "console.h"
+
+#include <QCoreApplication>
+
+// A window-less companion of the editor: no GUI application, so no display and no platform
+// plugin are needed; images are drawn into QImage, which works without one.
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("varnok-level"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VARNOK_VERSION));
+
+    const ParsedCommandLine parsed = parseCommandLine(QCoreApplication::arguments());
+    switch (parsed.outcome) {
+        case ParsedCommandLine::Outcome::Help:
+        case ParsedCommandLine::Outcome::Version:
+            printLine(parsed.text.trimmed());
+            return ExitOk;
+        case ParsedCommandLine::Outcome::WrongUsage:
+            printError(QStringLiteral("varnok-level: ") + parsed.text);
+            printError(parsed.usage.trimmed());
+            return ExitWrongUsage;
+        case ParsedCommandLine::Outcome::Run:
+            break;
+    }
+    switch (parsed.invocation.command) {
+        case Command::Check:
+            return runCheck(parsed.invocation);
+        case Command::Info:
+            return runInfo(parsed.invocation);
+        case Command::Render:
+            return runRender(parsed.invocation);
+    }
+    return ExitWrongUsage;
+}

@@ -1,0 +1,21 @@
+#include "command_line.h"
+#include "commands.h"
+#include "console.h"
+#include "render_module.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLibrary>
+
+int runRender(const Invocation& invocation) {
+    // The module lies beside the program, wherever the build or the copy is.
+    QLibrary module(QDir(QCoreApplication::applicationDirPath())
+                        .filePath(QStringLiteral(VARNOK_RENDER_MODULE)));
+    const auto entry = reinterpret_cast<RenderEntry>(module.resolve(RenderEntryName));
+    if (!entry) {
+        printError(QStringLiteral("varnok-level: Nelze načíst modul pro vykreslování: ") +
+                   module.errorString());
+        return ExitFailed;
+    }
+    return entry(invocation);
+}
