@@ -10,6 +10,7 @@
 #include "sprite_sheet.h"
 #include "tile_codes.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -121,12 +122,13 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
     times.lap("load");  // the level and the sheet
 
     // Written beside the target and renamed over it only when complete: a failure leaves no
-    // half-written picture and an older one as it was.
+    // half-written picture and an older one as it was. Opened before any drawing, so that a
+    // place it cannot be written to is told at once.
     QSaveFile out(invocation.output);
     const auto unsaved = [&](const QString& reason) {
         return fail(QStringLiteral("Obrázek %1 nelze uložit: %2").arg(invocation.output, reason));
     };
-    if (!out.open(QIODevice::WriteOnly)) return unsaved(out.errorString());
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return unsaved(out.errorString());
 
     LevelRenderer renderer(level);
     if (!redrawAsAtStartUp(renderer))
@@ -136,12 +138,22 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
                                               : mapPicture(renderer.map(), sheet, cellSize);
     if (picture.isNull()) return unsaved(QStringLiteral("na obrázek není dost paměti"));
     times.lap("picture");
-    QImageWriter writer(&out, format);
+    // Encoded in memory first, so that the disk's refusal is told with its reason, which an
+    // encoder writing straight to the file would turn into a failure of its own.
+    QByteArray encoded;
+    QBuffer buffer(&encoded);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
     // zlib's level 2: half the time of Qt's default level for a file about a fifth larger.
     if (format == "png") writer.setQuality(70);
-    if (!writer.write(picture))
-        return unsaved(out.error() != QFileDevice::NoError ? out.errorString()
-                                                           : writer.errorString());
+    if (!writer.write(picture)) return unsaved(writer.errorString());
+    times.lap("encode");
+    // A write the disk cuts short is retried for the rest, so the failing call gives the reason.
+    for (qint64 done = 0; done < encoded.size();) {
+        const qint64 written = out.write(encoded.constData() + done, encoded.size() - done);
+        if (written <= 0) return unsaved(out.errorString());
+        done += written;
+    }
     if (!out.commit()) return unsaved(out.errorString());
     times.lap("write");
     return ExitOk;
