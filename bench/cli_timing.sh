@@ -3,7 +3,8 @@
 #   - start-up alone (--version) and check of the level, process start included; the
 #     difference is the editor's reader and the checks after it;
 #   - render at 4 pixels a cell to PNG, and the share of the PNG encoder in it, from the
-#     program's own step times (VARNOK_LEVEL_TIMES=1: load, redraw, picture, encode, write).
+#     program's own step times (VARNOK_LEVEL_TIMES=1: load, redraw, picture, encode, write;
+#     wall and processor time; process start and the module's loading come before them).
 # Wall times come from hyperfine (installed through apt-get when missing), which repeats each
 # command and reports mean, spread and the processor time it used; on a machine shared with
 # other work the wall time moves, the processor time much less.
@@ -76,27 +77,32 @@ awk -F, -v steps=steps.txt '
         split(start SUBSEP check SUBSEP render, names, SUBSEP)
         for (i = 1; i <= 3; ++i)
             printf "%-42s %10.1f %10.1f %10.1f\n", names[i], median[names[i]], low[names[i]], cpu[names[i]]
-        printf "\ncheck: start-up %.1f ms of %.1f (%.0f %%); reader and checks %.1f ms (cpu %.1f of %.1f)\n",
-            median[start], median[check], 100 * median[start] / median[check],
-            median[check] - median[start], cpu[check] - cpu[start], cpu[check]
+        # Processor time splits steadily; the wall time moves with whatever else the machine runs.
+        printf "\ncheck: processor %.1f ms, of which start-up %.1f (%.0f %%) and the reader with the " \
+            "checks %.1f; wall median %.1f ms, fastest %.1f\n", cpu[check], cpu[start],
+            100 * cpu[start] / cpu[check], cpu[check] - cpu[start], median[check], low[check]
+        # Step lines: "load W/C redraw W/C ...", wall and processor milliseconds.
         n = 0
         while ((getline line < steps) > 0) {
             k = split(line, f, " ")
-            for (i = 1; i < k; i += 2) { t[f[i], ++c[f[i]]] = f[i + 1] }
+            for (i = 1; i < k; i += 2) {
+                split(f[i + 1], wc, "/")
+                ++c[f[i]]; wall[f[i], c[f[i]]] = wc[1]; proc[f[i], c[f[i]]] = wc[2]
+            }
             ++n
         }
-        order = "load redraw picture encode write"
-        split(order, step, " ")
-        total = 0
+        split("load redraw picture encode write", step, " ")
         for (s = 1; s <= 5; ++s) {
-            m = c[step[s]]
-            for (i = 1; i <= m; ++i) v[i] = t[step[s], i]
-            for (i = 1; i <= m; ++i) for (j = i + 1; j <= m; ++j) if (v[j] < v[i]) { x = v[i]; v[i] = v[j]; v[j] = x }
-            med[step[s]] = m % 2 ? v[(m + 1) / 2] : (v[m / 2] + v[m / 2 + 1]) / 2
-            total += med[step[s]]
+            w[step[s]] = middle(wall, step[s], c[step[s]]); p[step[s]] = middle(proc, step[s], c[step[s]])
+            walls += w[step[s]]; procs += p[step[s]]
         }
-        printf "render steps (medians of %d runs, ms):", n
-        for (s = 1; s <= 5; ++s) printf " %s %.1f", step[s], med[step[s]]
-        printf "\nrender: %.1f ms in the steps, %.1f ms in all; the PNG encoder %.1f ms = %.0f %% of all\n",
-            total, median[render], med["encode"], 100 * med["encode"] / median[render]
+        printf "render steps, medians of %d runs, wall/processor ms:", n
+        for (s = 1; s <= 5; ++s) printf " %s %d/%d", step[s], w[step[s]], p[step[s]]
+        printf "\nthe PNG encoder: %d of %d ms wall (%.0f %%), %d of %d ms processor (%.0f %%)\n",
+            w["encode"], walls, 100 * w["encode"] / walls, p["encode"], procs, 100 * p["encode"] / procs
+    }
+    function middle(table, name, m,    i, j, x, v) {
+        for (i = 1; i <= m; ++i) v[i] = table[name, i] + 0
+        for (i = 1; i <= m; ++i) for (j = i + 1; j <= m; ++j) if (v[j] < v[i]) { x = v[i]; v[i] = v[j]; v[j] = x }
+        return m % 2 ? v[(m + 1) / 2] : (v[m / 2] + v[m / 2 + 1]) / 2
     }' start.csv render.csv
