@@ -42,7 +42,8 @@ SpriteSheet chooseSheet(const Invocation& invocation, QString& problem) {
                           .arg(SheetRows);
         return problem.isEmpty() ? SpriteSheet(image) : SpriteSheet();
     }
-    const QString beside = QFileInfo(invocation.files.front()).dir().filePath(SpriteSheetFileName);
+    const QString beside =
+        QDir::cleanPath(QFileInfo(invocation.files.front()).dir().filePath(SpriteSheetFileName));
     if (QFile::exists(beside)) {
         if (image.load(beside) && SpriteSheet::usable(image)) return SpriteSheet(image);
         printError(QStringLiteral("varnok-level: Obrázek %1 nelze načíst, použije se vestavěný.")
