@@ -16,6 +16,16 @@ void Level::resetUnwritten(int width, int height) {
     cells.resize(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1));
 }
 
+namespace {
+// Whether any of the codes lacks a picture. A maximum is a reduction the compiler vectorises;
+// negative codes count as large ones.
+bool anyWithoutPicture(const qint16* codes, int count) {
+    quint16 highest = 0;
+    for (int x = 0; x < count; ++x) highest = std::max(highest, static_cast<quint16>(codes[x]));
+    return highest >= SheetCellCount;
+}
+}  // namespace
+
 bool isWallAt(const Level& level, int x, int y) {
     return x > 0 && x < level.width() && y > 0 && y < level.height() &&
            isWallPiece(level.cell(x, y));
@@ -27,4 +37,16 @@ bool containsHero(const Level& level) {
         if (std::find(row, row + level.width(), HeroCode) != row + level.width()) return true;
     }
     return false;
+}
+
+std::optional<QPoint> firstCellWithoutPicture(const Level& level) {
+    std::optional<QPoint> first;
+    for (int y = 0; y <= level.height(); ++y) {
+        const qint16* row = level.row(y);
+        // Only a column left of one already found comes earlier.
+        const int columns = first ? first->x() : level.width() + 1;
+        if (!anyWithoutPicture(row, columns)) continue;
+        first = QPoint(static_cast<int>(std::find_if_not(row, row + columns, hasPicture) - row), y);
+    }
+    return first;
 }

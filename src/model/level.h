@@ -76,3 +76,7 @@ bool isWallAt(const Level& level, int x, int y);
 
 // Whether the level proper holds the hero's start anywhere: what Save asks for.
 bool containsHero(const Level& level);
+
+// The first cell, column by column and the margin included, whose code has no picture: where
+// the whole-level redraw stops.
+std::optional<QPoint> firstCellWithoutPicture(const Level& level);

@@ -34,27 +34,7 @@ namespace {
 // Never a dot colour (every real one is opaque): marks dots that inherit their colour.
 constexpr QRgb Inherited = 0;
 
-// Whether any of the codes lacks a picture. A maximum is a reduction the compiler vectorises;
-// negative codes count as large ones.
-bool anyWithoutPicture(const qint16* codes, int count) {
-    quint16 highest = 0;
-    for (int x = 0; x < count; ++x) highest = std::max(highest, static_cast<quint16>(codes[x]));
-    return highest >= SheetCellCount;
-}
-
 }  // namespace
-
-std::optional<QPoint> firstCellWithoutPicture(const Level& level) {
-    std::optional<QPoint> first;
-    for (int y = 0; y <= level.height(); ++y) {
-        const qint16* row = level.row(y);
-        // Only a column left of one already found comes earlier.
-        const int columns = first ? first->x() : level.width() + 1;
-        if (!anyWithoutPicture(row, columns)) continue;
-        first = QPoint(static_cast<int>(std::find_if_not(row, row + columns, hasPicture) - row), y);
-    }
-    return first;
-}
 
 bool SpritePainter::paintWholeGrid() {
     const int width = level.width();

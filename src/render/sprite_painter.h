@@ -31,6 +31,3 @@ class SpritePainter {
     MapCanvas& map;
     MinimapCanvas& minimap;
 };
-
-// The first cell, column by column and the margin included, whose code has no picture.
-std::optional<QPoint> firstCellWithoutPicture(const Level& level);

@@ -13,8 +13,10 @@ check() {
     out=$("$@" 2>&1) || { echo "FAILED: $*"; echo "$out"; failed=1; }
 }
 share=$prefix/share
-expected=(bin/varnok-editor share/applications/$id.desktop share/mime/packages/$id.xml
-          share/metainfo/$id.metainfo.xml share/man/man1/varnok-editor.1.gz)
+expected=(bin/varnok-editor bin/varnok-level lib/varnok/varnok-level-render.so
+          share/applications/$id.desktop share/mime/packages/$id.xml
+          share/metainfo/$id.metainfo.xml share/man/man1/varnok-editor.1.gz
+          share/man/man1/varnok-level.1.gz)
 for side in 16 32 48 64 128 256; do
     expected+=(share/icons/hicolor/${side}x$side/apps/$id.png)
     check test "$(identify -format %wx%h "$share/icons/hicolor/${side}x$side/apps/$id.png")" \
@@ -26,8 +28,16 @@ check test "$(cd "$prefix" && find . -type f | wc -l)" = ${#expected[@]}
 check desktop-file-validate "$share/applications/$id.desktop"
 check appstreamcli validate --no-net --explain "$share/metainfo/$id.metainfo.xml"
 check test "$("$prefix/bin/varnok-editor" --version)" = "varnok-editor $version"
-warnings=$(LC_ALL=C.UTF-8 man --warnings -l "$share/man/man1/varnok-editor.1.gz" 2>&1 >/dev/null)
-check test -z "$warnings"
+check test "$("$prefix/bin/varnok-level" --version)" = "varnok-level $version"
+# The installed companion finds its render module.
+printf '1\r\n 17 \r\n 17 \r\n' > "$prefix/tiny.VRK"
+for _ in $(seq 17); do printf '00000000000000000\r\n' >> "$prefix/tiny.VRK"; done
+check "$prefix/bin/varnok-level" render "$prefix/tiny.VRK" -o "$prefix/tiny.png" --minimap
+rm -f "$prefix/tiny.VRK" "$prefix/tiny.png"
+for page in varnok-editor varnok-level; do
+    warnings=$(LC_ALL=C.UTF-8 man --warnings -l "$share/man/man1/$page.1.gz" 2>&1 >/dev/null)
+    check test -z "$warnings"
+done
 # Both spellings of the level file's extension name the MIME type.
 update-mime-database "$share/mime" >/dev/null 2>&1
 for glob in '\*.VRK' '\*.vrk'; do

@@ -1,0 +1,60 @@
+#include "level_report.h"
+
+#include "editor_texts.h"
+#include "level_file.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+
+QString LevelReport::line() const {
+    if (!ok()) return file + QStringLiteral(": ") + messages.join(QStringLiteral(" "));
+    return QStringLiteral("%1: ok, %2 × %3, hero at (%4, %5)")
+        .arg(file)
+        .arg(width)
+        .arg(height)
+        .arg(hero->x())
+        .arg(hero->y());
+}
+
+QJsonObject LevelReport::json() const {
+    QJsonObject object{{QStringLiteral("file"), file},
+                       {QStringLiteral("ok"), ok()},
+                       {QStringLiteral("width"), read ? QJsonValue(width) : QJsonValue()},
+                       {QStringLiteral("height"), read ? QJsonValue(height) : QJsonValue()},
+                       {QStringLiteral("messages"), QJsonArray::fromStringList(messages)}};
+    object.insert(QStringLiteral("hero"), hero ? QJsonObject{{QStringLiteral("x"), hero->x()},
+                                                             {QStringLiteral("y"), hero->y()}}
+                                               : QJsonValue());
+    return object;
+}
+
+QString noPictureMessage(const QString& path, const Level& level, QPoint cell) {
+    return QStringLiteral("Soubor %1: kód %2 v buňce (%3, %4) nemá obrázek.")
+        .arg(QFileInfo(path).fileName())
+        .arg(level.cell(cell.x(), cell.y()))
+        .arg(cell.x())
+        .arg(cell.y());
+}
+
+LevelReport reportLevel(const QString& path, Level& level) {
+    LevelReport report;
+    report.file = path;
+    const LevelReadResult result = readLevelFile(level, path);
+    if (!result.ok()) {
+        report.messages << result.refusal;
+        return report;
+    }
+    report.read = true;
+    report.width = level.width();
+    report.height = level.height();
+    if (!result.warning.isEmpty()) report.messages << result.warning;
+    // The redraw right after reading stops at this cell, and the editor tells it.
+    if (const std::optional<QPoint> cell = firstCellWithoutPicture(level))
+        report.messages << noPictureMessage(path, level, *cell);
+    // What Save asks for before it writes anything.
+    if (containsHero(level))
+        report.hero = level.hero();
+    else
+        report.messages << EditorTexts::NoHero;
+    return report;
+}
