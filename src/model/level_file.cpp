@@ -90,11 +90,22 @@ QString readHeader(LineReader& reader, const QString& name, Header& header) {
 
 LevelReadResult readLevelFile(Level& level, const QString& path) {
     const QString name = shownName(path);
+    const QFileInfo info(path);
+    if (!info.exists()) return {QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true, {}};
+    // A FIFO would block the open and a device would never end: only files are read.
+    const QString cannotOpen = QStringLiteral("Soubor %1 nelze otevřít: %2");
+    if (info.isDir()) return {cannotOpen.arg(name, czechFileReason(EISDIR, {})), false, {}};
+    if (!info.isFile())
+        return {cannotOpen.arg(name, QStringLiteral("není to obyčejný soubor (je to zařízení, "
+                                                    "roura nebo socket).")),
+                false,
+                {}};
     QFile file(path);
-    if (!file.exists()) return {QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true, {}};
-    if (!file.open(QIODevice::ReadOnly))
-        return {
-            QStringLiteral("Soubor %1 nelze otevřít: %2").arg(name, file.errorString()), false, {}};
+    errno = 0;
+    if (!file.open(QIODevice::ReadOnly)) {
+        const int error = errno;
+        return {cannotOpen.arg(name, czechFileReason(error, file.errorString())), false, {}};
+    }
     return readLevelFrom(level, file, name);
 }
 

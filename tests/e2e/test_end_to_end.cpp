@@ -7,6 +7,9 @@
 #include <QTest>
 #include <QThread>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+
 namespace {
 
 constexpr int Side = 20;
@@ -183,6 +186,30 @@ class EndToEndTest : public QObject {
         QCOMPARE(QDir(readOnly.path()).entryList(QDir::Files).size(), 2);  // no leftovers
     }
 
+    void aFileSizeLimitFailsTheSaveOnly() {
+        QTemporaryDir limited;
+        Grid start;
+        start[{7, 13}] = 135;
+        prepareFolder(QDir(limited.path()), levelFile(start));
+        X11Session x;
+        // The editor inherits a 1 kB file-size limit, under its 1.3 kB level.
+        rlimit unlimited{};
+        getrlimit(RLIMIT_FSIZE, &unlimited);
+        const rlimit kilobyte{1024, unlimited.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &kilobyte);
+        const bool started = x.startEditor(VARNOK_EDITOR, limited.path());
+        setrlimit(RLIMIT_FSIZE, &unlimited);
+        QVERIFY(started);
+        dismissHelp(x);
+        x.resizeEditor(896, 1150);
+        x.click(x.clientOrigin() + QPoint(10 + 8 + 36, 1150 - 179 + 128 + 16));  // Uložit
+        QVERIFY(!x.waitForWindow("Uložit přes starý").isEmpty());
+        x.key("Return");
+        QVERIFY(x.messageText("Varnok Editor").contains("level99.VRK: soubor by byl větší"));
+        QVERIFY(x.editorRunning());
+        QCOMPARE(waitForFile(limited.filePath("level99.VRK"), {}), levelFile(start));
+    }
+
     void aFolderNamedInCzechWithBlanks() {
         // The editor runs with no locale at all (see X11Session).
         QTemporaryDir czech(QDir::tempPath() + "/Úrovně hry XXXXXX");
@@ -214,12 +241,16 @@ class EndToEndTest : public QObject {
         QByteArray longRow = levelFile({});
         longRow.insert(15 + (7 + 3) * 36 + 20, '0');  // after the header and 10 lines: row 3
         const QByteArray header = QByteArray("1\r\n 99999 \r\n 34 \r\n") + levelFile({}).mid(16);
+        // No bytes: a FIFO, which would block a reader that opened it.
         const std::pair<QByteArray, const char*> files[] = {
             {longRow, "NEODPOVIDA DELKA RADKU 3 V level99.VRK!"},
-            {header, "Soubor level99.VRK: rozměr levelu na řádku 2 je mimo povolený rozsah"}};
+            {header, "Soubor level99.VRK: rozměr levelu na řádku 2 je mimo povolený rozsah"},
+            {{}, "Soubor level99.VRK nelze otevřít: není to obyčejný soubor"}};
         for (const auto& [bytes, message] : files) {
             QTemporaryDir malformed;
             prepareFolder(QDir(malformed.path()), bytes);
+            if (bytes.isEmpty())
+                QCOMPARE(mkfifo(QFile::encodeName(malformed.filePath("level99.VRK")), 0600), 0);
             X11Session x;
             QVERIFY(x.startEditor(VARNOK_EDITOR, malformed.path()));
             const QString shown = x.messageText("Varnok Editor");

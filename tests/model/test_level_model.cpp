@@ -15,6 +15,7 @@
 #include <optional>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -140,6 +141,7 @@ class LevelModelTest : public QObject {
         row("beyond 64 bits", "1\r\n 34 \r\n 99999999999999999999999 \r\n", "řádku 3 je mimo");
         row("below the border", "1\r\n 13 \r\n 34 \r\n", "řádku 2 je mimo");
         row("one too many", "1\r\n 34 \r\n 1015 \r\n", "řádku 3 je mimo");
+        row("LF line ends", "1\n 34 \n 34 \n" + QByteArray(34, '0') + "\n", "konce řádků LF");
     }
     void refusesABadHeaderAndKeepsTheLevel() {
         QFETCH(QByteArray, bytes);
@@ -169,12 +171,35 @@ class LevelModelTest : public QObject {
         setrlimit(RLIMIT_FSIZE, &kilobyte);
         const LevelWriteResult diskFull = writeLevelFile(level, path());  // 1.3 kB
         setrlimit(RLIMIT_FSIZE, &unlimited);
-        QVERIFY(diskFull.failure.contains("level99.VRK"));
+        QVERIFY(diskFull.failure.contains("level99.VRK: soubor by byl větší"));
         QCOMPARE(readAll(path()), QByteArray("old level"));
         // A folder where the file should be.
         QVERIFY(QDir(dir.path()).mkdir("folder.VRK"));
-        QVERIFY(!writeLevelFile(level, dir.filePath("folder.VRK")).ok());
+        QVERIFY(writeLevelFile(level, dir.filePath("folder.VRK"))
+                    .failure.endsWith("je to složka, ne soubor."));
         QVERIFY(QDir(dir.filePath("folder.VRK")).exists());
+    }
+
+    // A FIFO would block the open and a device never ends: both are refused before reading,
+    // and an endless file is read no further than the largest level.
+    void refusesWhatIsNoLevelFile() {
+        QTemporaryDir special;
+        const QString fifo = special.filePath("fifo.VRK"), zero = special.filePath("zero.VRK");
+        QCOMPARE(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+        QVERIFY(QFile::link("/dev/zero", zero));
+        QVERIFY(QDir(special.path()).mkdir("folder.VRK"));
+        Level level;
+        for (const QString& name : {fifo, zero})
+            QVERIFY(readLevelFile(level, name)
+                        .refusal.endsWith(
+                            "není to obyčejný soubor (je to zařízení, roura nebo socket)."));
+        QVERIFY(readLevelFile(level, special.filePath("folder.VRK"))
+                    .refusal.endsWith("je to složka, ne soubor."));
+        QByteArray endless(8 << 20, '0');
+        QBuffer buffer(&endless);
+        buffer.open(QIODevice::ReadOnly);
+        QVERIFY(readLevelFrom(level, buffer, "x").refusal.contains("tři řádky"));
+        QVERIFY(buffer.pos() < (2 << 20));
     }
 
     void wallTestStaysInsideTheLevel_data() {
