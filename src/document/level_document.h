@@ -54,7 +54,7 @@ class LevelDocument : public QObject {
     // Reads the level file; a refused file leaves the level as it was.
     [[nodiscard]] LevelReadResult open();
     // Makes the last New or Open, once redrawn, a step of the history, with what the window
-    // showed before it and shows now. Without it (at start-up) the replaced level is forgotten.
+    // showed before it and shows now. Without it (at start-up) the replacement is no step.
     void recordReplacement(const LevelView& shownBefore, const LevelView& shownNow);
     // Writes the level file; a failed write leaves the old file as it was.
     [[nodiscard]] LevelWriteResult save() const;
