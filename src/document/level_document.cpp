@@ -1,9 +1,17 @@
 #include "level_document.h"
 
+#include "paint_stroke.h"
+#include "replace_level.h"
+
 #include <QFile>
+#include <QSignalBlocker>
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
-    : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {}
+    : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
+    renderer.sprites().setWriteListener([this](const CellWrite& write) {
+        if (recording) recording->writes.push_back(write);
+    });
+}
 
 LevelDocument::LevelDocument(const QDir& folder, QObject* parent)
     : LevelDocument(folder.filePath(LevelFileName), folder.filePath(SpriteSheetFileName), parent) {}
@@ -17,11 +25,21 @@ bool LevelDocument::loadSpriteSheet() {
 }
 
 void LevelDocument::newLevel(int width, int height) {
-    currentLevel.reset(width, height);
+    Level fresh;
+    fresh.reset(width, height);
+    replaceLevel(std::move(fresh));
 }
 
 LevelReadResult LevelDocument::open() {
-    return readLevelFile(currentLevel, levelPath);
+    Level read;
+    LevelReadResult result = readLevelFile(read, levelPath);
+    if (result.ok()) replaceLevel(std::move(read));
+    return result;
+}
+
+void LevelDocument::replaceLevel(Level next) {
+    replacedLevel.emplace(currentLevel, renderer);
+    currentLevel = std::move(next);
 }
 
 LevelWriteResult LevelDocument::save() const {
@@ -37,5 +55,107 @@ void LevelDocument::drawFrame(int tool) {
 }
 
 void LevelDocument::applyTool(int x, int y, int tool) {
+    if (!strokeOpen) return renderer.tools().applyTool(x, y, tool);
+    // A step undone or pushed over the stroke since its last write ends its step there.
+    if (openStroke && !strokeOnTop()) openStroke.reset();
+    const bool first = !openStroke;
+    if (first) {
+        openStroke = std::make_shared<StrokeRecord>();
+        openStroke->heroBefore = currentLevel.hero();
+        openStroke->drawingBefore = renderer.minimap().drawingColour();
+    }
+    const std::size_t capacity = openStroke->writes.capacity();
+    recording = openStroke.get();
     renderer.tools().applyTool(x, y, tool);
+    recording = nullptr;
+    openStroke->heroAfter = currentLevel.hero();
+    openStroke->drawingAfter = renderer.minimap().drawingColour();
+    if (!first)
+        keptBytes += (openStroke->writes.capacity() - capacity) * sizeof(CellWrite);
+    else if (openStroke->writes.empty())
+        openStroke.reset();
+    else
+        push(std::make_unique<PaintStroke>(currentLevel, renderer, openStroke));
+}
+
+void LevelDocument::beginStroke() {
+    strokeOpen = true;
+    openStroke.reset();
+}
+
+void LevelDocument::endStroke() {
+    strokeOpen = false;
+    if (openStroke && strokeOnTop()) {
+        // The room the record grew into beyond its writes goes back.
+        const std::size_t reserved = openStroke->writes.capacity();
+        openStroke->writes.shrink_to_fit();
+        keptBytes -= (reserved - openStroke->writes.capacity()) * sizeof(CellWrite);
+    }
+    openStroke.reset();
+    dropOldestSteps();  // the stroke has grown since it was pushed
+}
+
+bool LevelDocument::strokeOnTop() const {
+    const auto* top = dynamic_cast<const PaintStroke*>(steps.command(steps.index() - 1));
+    return top && top->keeps() == openStroke.get();
+}
+
+void LevelDocument::recordReplacement(const LevelView& shownBefore, const LevelView& shownNow) {
+    if (!replacedLevel) return;
+    auto levels = std::make_shared<const ReplaceLevel::Levels>(ReplaceLevel::Levels{
+        {std::move(*replacedLevel), shownBefore}, {{currentLevel, renderer}, shownNow}});
+    replacedLevel.reset();
+    push(std::make_unique<ReplaceLevel>([this](const ShownLevel& shown) { showKeptLevel(shown); },
+                                        std::move(levels)));
+}
+
+void LevelDocument::showKeptLevel(const ShownLevel& shown) {
+    const bool painted = shown.snapshot.restore(currentLevel, renderer);
+    shownByStep.emplace(shown.view, painted);
+}
+
+void LevelDocument::undo() {
+    if (!steps.canUndo()) return;
+    steps.undo();
+    emit steppedThroughHistory();
+    if (const auto shown = std::exchange(shownByStep, std::nullopt))
+        emit levelReplaced(shown->first, shown->second);
+}
+
+void LevelDocument::redo() {
+    if (!steps.canRedo()) return;
+    steps.redo();
+    emit steppedThroughHistory();
+    if (const auto shown = std::exchange(shownByStep, std::nullopt))
+        emit levelReplaced(shown->first, shown->second);
+}
+
+HistoryStep* LevelDocument::stepAt(int index) const {
+    return static_cast<HistoryStep*>(const_cast<QUndoCommand*>(steps.command(index)));
+}
+
+void LevelDocument::push(std::unique_ptr<HistoryStep> step) {
+    for (int i = steps.index(); i < steps.count(); ++i) keptBytes -= stepAt(i)->bytes();
+    keptBytes += step->bytes();
+    steps.push(step.release());
+    dropOldestSteps();
+}
+
+// QUndoStack drops its oldest steps only by a count set while it is empty: over the limit, the
+// stack is rebuilt from copies of the newest steps that fit in seven eighths of it, so that this
+// happens once for every eighth of the limit. Only with nothing to redo: then every step is done.
+void LevelDocument::dropOldestSteps() {
+    if (keptBytes <= historyLimit || steps.index() != steps.count()) return;
+    std::vector<std::unique_ptr<HistoryStep>> newest;
+    std::size_t bytes = 0;
+    for (int i = steps.count() - 1; i >= 0; --i) {
+        const std::size_t size = stepAt(i)->bytes();
+        if (!newest.empty() && bytes + size > historyLimit / 8 * 7) break;
+        bytes += size;
+        newest.push_back(stepAt(i)->copy());
+    }
+    const QSignalBlocker quiet(&steps);
+    steps.clear();
+    for (auto step = newest.rbegin(); step != newest.rend(); ++step) steps.push(step->release());
+    keptBytes = bytes;
 }

@@ -30,6 +30,7 @@ class LevelRenderer {
     SpritePainter& sprites() { return spritePainter; }
     ToolPainter& tools() { return toolPainter; }
     RandomGenerator& random() { return generator; }
+    const RandomGenerator& random() const { return generator; }
 
   private:
     Level& level;

@@ -37,6 +37,10 @@ int MapCanvas::cellAt(int x, int y) const {
     return cells[static_cast<std::size_t>(y) * width + x];
 }
 
+const qint16* MapCanvas::row(int y) const {
+    return cells.data() + static_cast<std::size_t>(y) * width;
+}
+
 void MapCanvas::paint(QPainter& painter, const QRect& exposed, const SpriteSheet& sheet) const {
     const QRect area = exposed.intersected(QRect(QPoint(0, 0), pixelSize()));
     if (area.isEmpty()) return;

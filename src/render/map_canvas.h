@@ -26,13 +26,14 @@ class MapCanvas {
     int rows() const { return height; }
     QSize pixelSize() const { return {width * TileSize, height * TileSize}; }
 
-    // Copies sheet cell `sheetCell` onto map cell (x, y); a cell off the surface is dropped,
-    // as a picture drawn beyond a surface's edge is.
+    // Copies sheet cell `sheetCell` onto map cell (x, y) (Cleared puts the background back);
+    // a cell off the surface is dropped, as a picture drawn beyond a surface's edge is.
     void drawCell(int x, int y, int sheetCell);
     // Copies sheet cells onto map cells (0, y) .. (count - 1, y) at once, as drawCell does
     // one by one; the change is told once, for the row.
     void drawRow(int y, const qint16* sheetCells, int count);
     int cellAt(int x, int y) const;  // Cleared also for cells off the surface
+    const qint16* row(int y) const;  // cells (0, y) .. (columns() - 1, y), for 0 <= y < rows()
 
     // Paints the part `exposed` (surface pixels) onto `painter`: each cell's sheet picture at
     // its own size, clipped to its 64-pixel square, grey where nothing was drawn. Costs in

@@ -42,8 +42,12 @@ void MinimapCanvas::clear() {
 }
 
 void MinimapCanvas::drawDot(int x, int y) {
+    setDot(x, y, drawing);
+}
+
+void MinimapCanvas::setDot(int x, int y, QRgb colour) {
     if (x < 0 || x > width || y < 0 || y > height) return;
-    dots[static_cast<std::size_t>(y) * (width + 1) + x] = drawing;
+    dots[static_cast<std::size_t>(y) * (width + 1) + x] = colour;
     if (changed) changed(dotRect(x, y));
 }
 
@@ -57,6 +61,10 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
 QRgb MinimapCanvas::dotAt(int x, int y) const {
     if (x < 0 || x > width || y < 0 || y > height) return MinimapBackground;
     return dots[static_cast<std::size_t>(y) * (width + 1) + x];
+}
+
+const QRgb* MinimapCanvas::dotRow(int y) const {
+    return dots.data() + static_cast<std::size_t>(y) * (width + 1);
 }
 
 void MinimapCanvas::paint(QPainter& painter, const QRect& exposed) const {

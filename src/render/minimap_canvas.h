@@ -36,7 +36,10 @@ class MinimapCanvas {
     void drawDot(int x, int y);
     // Dots (0, y) .. (count - 1, y) in their own colours at once; the drawing colour stays.
     void drawDotRow(int y, const QRgb* colours, int count);
-    QRgb dotAt(int x, int y) const;  // background for cells never dotted since the clear
+    // One dot in its own colour; the drawing colour stays.
+    void setDot(int x, int y, QRgb colour);
+    QRgb dotAt(int x, int y) const;   // background for cells never dotted since the clear
+    const QRgb* dotRow(int y) const;  // dots (0, y) .. (columns(), y), for 0 <= y <= rows()
 
     // Paints the part `exposed` (surface pixels); cost follows the exposed area.
     void paint(QPainter& painter, const QRect& exposed) const;

@@ -30,3 +30,13 @@ void plotMinimapCell(MinimapCanvas& minimap, int x, int y, int code) {
         minimap.setDrawingColour(*colour);
     minimap.drawDot(x, y);
 }
+
+const std::array<QRgb, SheetCellCount>& ownDotColours() {
+    static const std::array<QRgb, SheetCellCount> table = [] {
+        std::array<QRgb, SheetCellCount> colours;
+        for (int code = 0; code < SheetCellCount; ++code)
+            colours[code] = minimapColourFor(code, MinimapBackground).value_or(NoOwnColour);
+        return colours;
+    }();
+    return table;
+}

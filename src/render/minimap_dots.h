@@ -1,7 +1,10 @@
 #pragma once
 
+#include "tile_codes.h"
+
 #include <QColor>
 
+#include <array>
 #include <optional>
 
 class MinimapCanvas;
@@ -12,3 +15,9 @@ std::optional<QRgb> minimapColourFor(int code, QRgb background);
 
 // Sets the minimap's drawing colour by the code and draws the cell's dot with it.
 void plotMinimapCell(MinimapCanvas& minimap, int x, int y, int code);
+
+// Never a dot colour (every real one is opaque): marks codes without a colour of their own.
+inline constexpr QRgb NoOwnColour = 0;
+// The dot colour of every code with a picture on the usual background; NoOwnColour for the
+// codes without a colour of their own.
+const std::array<QRgb, SheetCellCount>& ownDotColours();

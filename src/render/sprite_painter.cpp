@@ -13,12 +13,30 @@
 
 bool SpritePainter::paintSprite(int x, int y, int code) {
     if (x < 0 || x > level.width() || y < 0 || y > level.height()) return false;
+    if (!written) return store(x, y, code);
+    const CellState before = cellState(x, y);
+    const bool drawn = store(x, y, code);
+    written({static_cast<qint16>(x), static_cast<qint16>(y), before, cellState(x, y)});
+    return drawn;
+}
+
+bool SpritePainter::store(int x, int y, int code) {
     level.setCell(x, y, static_cast<qint16>(code));
     const int stored = level.cell(x, y);
     if (!hasPicture(stored)) return false;
     map.drawCell(x, y, stored);
     plotMinimapCell(minimap, x, y, code);
     return true;
+}
+
+CellState SpritePainter::cellState(int x, int y) const {
+    return {level.cell(x, y), static_cast<qint16>(map.cellAt(x, y)), minimap.dotAt(x, y)};
+}
+
+void SpritePainter::restoreCell(int x, int y, const CellState& state) {
+    level.setCell(x, y, state.code);
+    map.drawCell(x, y, state.mapCell);
+    minimap.setDot(x, y, state.dot);
 }
 
 void SpritePainter::paintRoom(int x, int y, int room) {
@@ -29,22 +47,10 @@ void SpritePainter::paintRoom(int x, int y, int room) {
     }
 }
 
-namespace {
-
-// Never a dot colour (every real one is opaque): marks dots that inherit their colour.
-constexpr QRgb Inherited = 0;
-
-}  // namespace
-
 bool SpritePainter::paintWholeGrid() {
     const int width = level.width();
     const int height = level.height();
-    static const std::array<QRgb, SheetCellCount> colourOf = [] {
-        std::array<QRgb, SheetCellCount> table;
-        for (int code = 0; code < SheetCellCount; ++code)
-            table[code] = minimapColourFor(code, MinimapBackground).value_or(Inherited);
-        return table;
-    }();
+    const std::array<QRgb, SheetCellCount>& colourOf = ownDotColours();
 
     // Every cell before the failing one in column order is painted: in each row, the columns
     // left of it, and its own column in the rows above it.
@@ -58,7 +64,7 @@ bool SpritePainter::paintWholeGrid() {
         const int count = !fails ? width + 1 : failing.x() + (y < failing.y() ? 1 : 0);
         for (int x = 0; x < count; ++x) {
             colours[x] = colourOf[row[x]];
-            inherits |= colours[x] == Inherited;
+            inherits |= colours[x] == NoOwnColour;
         }
         map.drawRow(y, row, count);
         minimap.drawDotRow(y, colours.data(), count);
@@ -73,7 +79,7 @@ bool SpritePainter::paintWholeGrid() {
         for (int x = 0; x <= last.x(); ++x) {
             for (int y = 0; y <= (x < last.x() ? height : last.y()); ++y) {
                 const QRgb dot = minimap.dotAt(x, y);
-                if (dot == Inherited)
+                if (dot == NoOwnColour)
                     minimap.drawDot(x, y);
                 else
                     minimap.setDrawingColour(dot);

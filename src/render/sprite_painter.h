@@ -1,12 +1,30 @@
 #pragma once
 
+#include <QColor>
 #include <QPoint>
 
+#include <functional>
 #include <optional>
 
 class Level;
 class MapCanvas;
 class MinimapCanvas;
+
+// What one cell shows: the code it holds, the sheet cell on its map cell (MapCanvas::Cleared
+// off the map) and its minimap dot.
+struct CellState {
+    qint16 code;
+    qint16 mapCell;
+    QRgb dot;
+};
+
+// One cell written by the painter, as it was and as it became.
+struct CellWrite {
+    qint16 x;
+    qint16 y;
+    CellState before;
+    CellState after;
+};
 
 // The one write path of the editor: storing a code, drawing its sheet cell on the map and
 // plotting its minimap dot are one step, so grid, map and minimap never disagree.
@@ -26,8 +44,20 @@ class SpritePainter {
     // Goes row by row through memory, so a whole level costs little more than copying it.
     bool paintWholeGrid();
 
+    // Told every cell paintSprite writes, as it was and as it became; the whole-grid repaint
+    // and restoreCell tell nothing.
+    void setWriteListener(std::function<void(const CellWrite&)> listener) {
+        written = std::move(listener);
+    }
+    CellState cellState(int x, int y) const;  // (x, y) inside the grid
+    // Makes a cell inside the grid show exactly `state` again: code, map cell and dot.
+    void restoreCell(int x, int y, const CellState& state);
+
   private:
+    bool store(int x, int y, int code);
+
     Level& level;
     MapCanvas& map;
     MinimapCanvas& minimap;
+    std::function<void(const CellWrite&)> written;
 };

@@ -13,6 +13,7 @@
 #include "tile_codes.h"
 #include "tool_strip.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QIcon>
 #include <QLabel>
@@ -63,7 +64,33 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     connect(toolStrip, &ToolStrip::toolSelected, this, &EditorWindow::selectTool);
     connect(minimapView, &MinimapView::mapPointPressed, mapViewport, &MapViewport::minimapPressed);
     connect(minimapView, &MinimapView::mapPointDragged, mapViewport, &MapViewport::minimapDragged);
+    connect(minimapView, &MouseSurface::released, mapViewport, &MapViewport::mapReleased);
     connect(mapViewport, &MapViewport::viewMoved, this, &EditorWindow::updateMinimapViewFrame);
+    connect(&document, &LevelDocument::levelReplaced, this, &EditorWindow::showLevelFromHistory);
+    addKeys();
+}
+
+// Window-wide keys, each running its button's flow. A size field with the focus keeps its own
+// undo and redo: a line edit claims those keys before the window's shortcuts see them.
+void EditorWindow::addKeys() {
+    const auto addKey = [this](const QList<QKeySequence>& keys, auto run) {
+        auto* action = new QAction(this);
+        action->setShortcuts(keys);
+        action->setShortcutContext(Qt::WindowShortcut);
+        addAction(action);
+        connect(action, &QAction::triggered, this, run);
+    };
+    QList<QKeySequence> redoKeys = QKeySequence::keyBindings(QKeySequence::Redo);
+    for (const QKeySequence& usual :
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)}) {
+        if (!redoKeys.contains(usual)) redoKeys << usual;
+    }
+    addKey(QKeySequence::keyBindings(QKeySequence::Undo), [this] { document.undo(); });
+    addKey(redoKeys, [this] { document.redo(); });
+    addKey({QKeySequence(Qt::CTRL | Qt::Key_S)}, &EditorWindow::saveLevel);
+    addKey({QKeySequence(Qt::CTRL | Qt::Key_O)}, &EditorWindow::openLevel);
+    addKey({QKeySequence(Qt::CTRL | Qt::Key_N)}, &EditorWindow::newLevel);
+    addKey({QKeySequence(Qt::Key_F1)}, &EditorWindow::showHelp);
 }
 
 EditorWindow::~EditorWindow() {
@@ -79,30 +106,37 @@ void EditorWindow::startUp() {
     showHelp();
 }
 
-void EditorWindow::loadLevel(LoadMoment moment) {
+bool EditorWindow::loadLevel(LoadMoment moment) {
     const LevelReadResult read = document.open();
     if (!read.ok()) {
         if (!read.missing || moment == LoadMoment::Open) dialogs.error(read.refusal);
         // At start-up the editor goes on with a new level; on Open the level stays.
-        if (moment == LoadMoment::StartUp) newLevel();
-        return;
+        if (moment == LoadMoment::StartUp) makeNewLevel();
+        return false;
     }
     if (!read.warning.isEmpty()) dialogs.error(read.warning);
     levelMenu->showSizes(document.level().width(), document.level().height());
     redrawLevel();
     layOutControls();
+    return true;
 }
 
 void EditorWindow::newLevel() {
+    const LevelView before = shownView();
+    if (makeNewLevel()) document.recordReplacement(before, shownView());
+}
+
+bool EditorWindow::makeNewLevel() {
     const auto width = sideFromField(levelMenu->widthText());
     const auto height = sideFromField(levelMenu->heightText());
     if (!width || !height) {
         dialogs.warning(EditorTexts::badNewSize(MaxLevelSide), EditorTexts::NoHeroTitle);
-        return;
+        return false;
     }
     document.newLevel(*width, *height);
     redrawLevel();
     layOutControls();
+    return true;
 }
 
 void EditorWindow::saveLevel() {
@@ -116,33 +150,62 @@ void EditorWindow::saveLevel() {
 }
 
 void EditorWindow::openLevel() {
-    if (dialogs.question(EditorTexts::OpenQuestion, EditorTexts::OpenTitle))
-        loadLevel(LoadMoment::Open);
+    if (!dialogs.question(EditorTexts::OpenQuestion, EditorTexts::OpenTitle)) return;
+    const LevelView before = shownView();
+    if (loadLevel(LoadMoment::Open)) document.recordReplacement(before, shownView());
 }
 
 void EditorWindow::showHelp() {
     dialogs.information(EditorTexts::helpText(), EditorTexts::HelpTitle);
 }
 
+LevelView EditorWindow::shownView() const {
+    const Placement map = mapViewport->mapPlacement();
+    return {QPointF(map.left, map.top), levelMenu->widthText(), levelMenu->heightText()};
+}
+
+// An undo or redo brought back a whole level, already painted: the window shows it as it
+// was shown then, and as a redraw would when its repaint stopped.
+void EditorWindow::showLevelFromHistory(const LevelView& view, bool painted) {
+    levelMenu->showSizeTexts(view.widthText, view.heightText);
+    sizeMapAndMinimap();
+    mapViewport->moveMapTo(view.mapPosition);
+    layOutControls();
+    if (painted) return showRedrawnLevel();
+    showBusy(true);
+    mapViewport->showLoading();
+    mapViewport->deferUpdates(true);
+    showRedrawFailed();
+}
+
 void EditorWindow::redrawLevel() {
     showBusy(true);
     mapViewport->showLoading();
+    sizeMapAndMinimap();
+    // Repainting once afterwards is cheaper than scheduling every cell.
+    mapViewport->deferUpdates(true);
+    minimapView->deferUpdates(true);
+    if (!document.repaintGrid()) return showRedrawFailed();
+    toolStrip->pressTool(WallToolCode);
+    document.drawFrame(tool);
+    showRedrawnLevel();
+}
+
+void EditorWindow::sizeMapAndMinimap() {
     const float dot = MinimapCellSize;
     minimapView->move({10, static_cast<float>(mouseHintLabel->height()),
                        dot * static_cast<float>(document.level().width()),
                        dot * static_cast<float>(document.level().height())});
     mapViewport->fitMapToLevel();
-    // Repainting once afterwards is cheaper than scheduling every cell.
-    mapViewport->deferUpdates(true);
-    minimapView->deferUpdates(true);
-    if (!document.repaintGrid()) {
-        // What was painted stays; the map stays hidden until a redraw completes.
-        minimapView->deferUpdates(false);
-        dialogs.error(EditorTexts::RedrawFailed);
-        return;
-    }
-    toolStrip->pressTool(WallToolCode);
-    document.drawFrame(tool);
+}
+
+void EditorWindow::showRedrawFailed() {
+    // What was painted stays; the map stays hidden until a redraw completes.
+    minimapView->deferUpdates(false);
+    dialogs.error(EditorTexts::RedrawFailed);
+}
+
+void EditorWindow::showRedrawnLevel() {
     mapViewport->deferUpdates(false);
     minimapView->deferUpdates(false);
     showBusy(false);

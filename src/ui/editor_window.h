@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class Dialogs;
+struct LevelView;
 class LevelDocument;
 class LevelMenu;
 class MapViewport;
@@ -12,7 +13,8 @@ class QPushButton;
 class ToolStrip;
 
 // The editor's one window: the help button and the mouse hint along the top, the minimap,
-// the palette and the level menu in the left column, the map viewport beside them.
+// the palette and the level menu in the left column, the map viewport beside them. Its keys:
+// undo and redo, Ctrl+S, Ctrl+O and Ctrl+N for the three menu buttons, F1 for the help.
 class EditorWindow : public QWidget {
     Q_OBJECT
 
@@ -33,8 +35,15 @@ class EditorWindow : public QWidget {
 
   private:
     enum class LoadMoment { StartUp, Open };
-    void loadLevel(LoadMoment moment);
+    bool loadLevel(LoadMoment moment);  // true when the level was replaced
+    bool makeNewLevel();
+    void addKeys();
+    LevelView shownView() const;
+    void showLevelFromHistory(const LevelView& view, bool painted);
     void redrawLevel();
+    void sizeMapAndMinimap();
+    void showRedrawFailed();
+    void showRedrawnLevel();
     void layOutControls();
     void updateMinimapViewFrame();
     void selectTool(int code);

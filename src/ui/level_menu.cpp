@@ -40,6 +40,8 @@ LevelMenu::LevelMenu(QWidget* parent) : QGroupBox(QStringLiteral("Menu"), parent
     connect(newButton, &QPushButton::clicked, this, &LevelMenu::newRequested);
     connect(openButton, &QPushButton::clicked, this, &LevelMenu::openRequested);
     connect(saveButton, &QPushButton::clicked, this, &LevelMenu::saveRequested);
+    connect(widthField, &QLineEdit::returnPressed, this, &LevelMenu::newRequested);
+    connect(heightField, &QLineEdit::returnPressed, this, &LevelMenu::newRequested);
 }
 
 QString LevelMenu::widthText() const {
@@ -51,6 +53,10 @@ QString LevelMenu::heightText() const {
 }
 
 void LevelMenu::showSizes(int width, int height) {
-    widthField->setText(QString::number(width));
-    heightField->setText(QString::number(height));
+    showSizeTexts(QString::number(width), QString::number(height));
+}
+
+void LevelMenu::showSizeTexts(const QString& width, const QString& height) {
+    widthField->setText(width);
+    heightField->setText(height);
 }

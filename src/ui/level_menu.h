@@ -8,7 +8,7 @@ class QLineEdit;
 class QPushButton;
 
 // The "Menu" block: the two size fields with the "x" between them and the buttons New,
-// Open and Save.
+// Open and Save. Enter in a size field asks for New too.
 class LevelMenu : public QGroupBox {
     Q_OBJECT
 
@@ -22,6 +22,7 @@ class LevelMenu : public QGroupBox {
     QString widthText() const;
     QString heightText() const;
     void showSizes(int width, int height);
+    void showSizeTexts(const QString& width, const QString& height);
 
   signals:
     void newRequested();

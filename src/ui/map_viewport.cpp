@@ -25,6 +25,10 @@ MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     mapSurface->move({48, 104, 392.8f, 320.8f});
     connect(mapSurface, &MouseSurface::pressed, this, &MapViewport::mapPressed);
     connect(mapSurface, &MouseSurface::moved, this, &MapViewport::mapMoved);
+    connect(mapSurface, &MouseSurface::released, this, &MapViewport::mapReleased);
+    // After an undo or redo the cell painted last may have changed: a click on it paints again.
+    connect(&document, &LevelDocument::steppedThroughHistory, this,
+            [this] { lastPaintedCell.reset(); });
     cursorOutline =
         new OutlineShape(mapSurface, QColor(0, 0, 255), QStringLiteral("cursorOutline"));
     cursorOutline->move({0, 0, 51.2f, 51.2f});
@@ -48,6 +52,11 @@ bool MapViewport::move(const Placement& next) {
 
 const Placement& MapViewport::mapPlacement() const {
     return mapSurface->placement();
+}
+
+void MapViewport::moveMapTo(QPointF topLeft) {
+    moveMap(static_cast<float>(topLeft.x()), static_cast<float>(topLeft.y()));
+    emit viewMoved();
 }
 
 void MapViewport::setTool(int code) {
@@ -84,8 +93,14 @@ void MapViewport::showMap() {
 void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position) {
     if (button == Qt::RightButton)
         mapGrabPoint = QPointF(static_cast<float>(position.x()), static_cast<float>(position.y()));
-    else if (button == Qt::LeftButton)
+    else if (button == Qt::LeftButton) {
+        document.beginStroke();
         mapMoved(button, position);  // a single click paints
+    }
+}
+
+void MapViewport::mapReleased(Qt::MouseButtons button) {
+    if (button == Qt::LeftButton) document.endStroke();
 }
 
 void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {

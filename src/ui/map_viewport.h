@@ -25,6 +25,8 @@ class MapViewport : public QFrame {
     // Moves and sizes the viewport; a negative size is rejected and changes nothing.
     bool move(const Placement& next);
     const Placement& mapPlacement() const;
+    // Puts the map's top-left corner at this point of the viewport.
+    void moveMapTo(QPointF topLeft);
 
     // The tool painted from now on; the outline takes its size.
     void setTool(int code);
@@ -37,9 +39,10 @@ class MapViewport : public QFrame {
     void showMap();
 
     // The mouse on the map, in map pixels; the minimap hands on its own presses and drags as
-    // the map points they stand for.
+    // the map points they stand for. A left-button stroke runs from the press to the release.
     void mapPressed(Qt::MouseButtons button, QPointF position);
     void mapMoved(Qt::MouseButtons buttons, QPointF position);
+    void mapReleased(Qt::MouseButtons button);
     void minimapPressed(Qt::MouseButtons button, QPointF mapPoint);
     void minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint);
 

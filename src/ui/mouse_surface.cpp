@@ -17,6 +17,7 @@ MouseSurface::MouseSurface(QWidget* parent, QColor background, const QString& na
     setPalette(colours);
     setAutoFillBackground(true);
     setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
 }
 
 void MouseSurface::mousePressEvent(QMouseEvent* event) {
@@ -25,4 +26,8 @@ void MouseSurface::mousePressEvent(QMouseEvent* event) {
 
 void MouseSurface::mouseMoveEvent(QMouseEvent* event) {
     emit moved(known(event->buttons()), event->position());
+}
+
+void MouseSurface::mouseReleaseEvent(QMouseEvent* event) {
+    emit released(known(event->button()), event->position());
 }

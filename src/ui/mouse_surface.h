@@ -4,9 +4,10 @@
 
 #include <QWidget>
 
-// A surface with a background colour and a float placement that tells its mouse presses
-// (the button pressed) and moves (every button held) in its own pixels. After a press the
-// moves keep coming while a button is held, even outside it.
+// A surface with a background colour and a float placement that tells its mouse presses and
+// releases (the button pressed or let go) and moves (every button held) in its own pixels.
+// After a press the moves keep coming while a button is held, even outside it. A click gives
+// it the keyboard focus, so that the window's keys act again after typing in a field.
 class MouseSurface : public QWidget {
     Q_OBJECT
 
@@ -20,10 +21,12 @@ class MouseSurface : public QWidget {
   signals:
     void pressed(Qt::MouseButtons button, QPointF position);
     void moved(Qt::MouseButtons buttons, QPointF position);
+    void released(Qt::MouseButtons button, QPointF position);
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
     Placement place;

@@ -260,6 +260,30 @@ class EndToEndTest : public QObject {
             QVERIFY(x.editorRunning());
         }
     }
+
+    // Two crates, Ctrl+Z twice, Ctrl+Shift+Z, Ctrl+S: the file holds the first crate only.
+    void undoAndRedoKeysInTheRealProgram() {
+        QTemporaryDir folder;
+        Grid start;
+        start[{7, 13}] = 135;  // a hero, so that Save writes
+        prepareFolder(QDir(folder.path()), levelFile(start));
+        X11Session x;
+        QVERIFY(x.startEditor(VARNOK_EDITOR, folder.path()));
+        dismissHelp(x);
+        x.resizeEditor(896, 1150);
+        const QPoint client = x.clientOrigin();
+        x.click(client + QPoint(10 + 40, 147 + 8 + 72 * 4 + 24));  // Bedna
+        x.click(client + QPoint(142 + 64 * 5 + 32, 19 + 64 * 5 + 32));
+        x.click(client + QPoint(142 + 64 * 6 + 32, 19 + 64 * 5 + 32));
+        for (const char* keys : {"ctrl+z", "ctrl+z", "ctrl+shift+z", "ctrl+s"}) x.key(keys);
+        QVERIFY(!x.waitForWindow("Uložit přes starý").isEmpty());
+        x.key("Return");
+        Grid expected = predictedFrame(Side, Side);
+        expected[{7, 13}] = 135;
+        expected[{5, 5}] = 25;
+        const QString path = QDir(folder.path()).filePath("level99.VRK");
+        QCOMPARE(waitForFile(path, levelFile(start)), levelFile(expected));
+    }
 };
 
 QTEST_GUILESS_MAIN(EndToEndTest)

@@ -1,0 +1,177 @@
+#include "editor_window.h"
+#include "level_document.h"
+#include "map_geometry.h"
+#include "map_viewport.h"
+#include "recording_dialogs.h"
+#include "tile_codes.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QLineEdit>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+#include <chrono>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double microseconds(Clock::duration time) {
+    return std::chrono::duration<double, std::micro>(time).count();
+}
+
+// A shown 1920 x 1080 editor holding a new level of the given side, in a folder of its own.
+struct ShownEditor {
+    explicit ShownEditor(int side) {
+        window.startUp();
+        newLevel(side);
+        window.resize(1920, 1080);
+        QCoreApplication::processEvents();
+    }
+    void newLevel(int side) {
+        window.findChild<QLineEdit*>("widthField")->setText(QString::number(side));
+        window.findChild<QLineEdit*>("heightField")->setText(QString::number(side));
+        window.newLevel();
+    }
+    MapViewport& viewport() const { return *window.findChild<MapViewport*>("mapViewport"); }
+
+    QTemporaryDir folder;
+    RecordingDialogs dialogs;
+    LevelDocument document{QDir(folder.path())};
+    EditorWindow window{document, dialogs};
+};
+
+// The shown cells clear of the edges that scroll the map.
+QRect shownCells(const MapViewport& viewport) {
+    const Placement map = viewport.mapPlacement();
+    const Placement view = viewport.placement();
+    const int reach = static_cast<int>(EdgeMargin) + TileSize;
+    return {QPoint(static_cast<int>(-map.left + reach) / TileSize,
+                   static_cast<int>(-map.top + reach) / TileSize),
+            QPoint(static_cast<int>(-map.left + view.width - reach) / TileSize - 1,
+                   static_cast<int>(-map.top + view.height - reach) / TileSize - 1)};
+}
+
+// Left-button moves into 100 new cells with the wall tool, each followed by the repaints it
+// scheduled; recorded, they run from a press to a release. The time of the moves alone.
+Clock::duration stroke(ShownEditor& editor, const QRect& cells, int& next, bool recorded) {
+    if (recorded) editor.document.beginStroke();
+    const Clock::time_point start = Clock::now();
+    for (int i = 0; i < 100; ++i, ++next) {
+        const QPoint at =
+            cells.topLeft() + QPoint(next % cells.width(), (next / cells.width()) % cells.height());
+        editor.viewport().mapMoved(Qt::LeftButton,
+                                   QPointF(TileSize * at.x() + 32, TileSize * at.y() + 32));
+        QCoreApplication::processEvents();
+    }
+    const Clock::duration time = Clock::now() - start;
+    if (recorded) editor.document.endStroke();
+    return time;
+}
+
+// The same strokes with and without recording, taking turns so that both see the same
+// machine; the added share is the recording's cost per event.
+void BM_StrokeRecording(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    const QRect cells = shownCells(editor.viewport());
+    Clock::duration plain{}, recorded{};
+    int next = 0;
+    for (auto _ : state) {
+        plain += stroke(editor, cells, next, false);
+        recorded += stroke(editor, cells, next, true);
+    }
+    const double events = double(state.iterations()) * 100;
+    state.counters["plain_us"] = microseconds(plain) / events;
+    state.counters["recorded_us"] = microseconds(recorded) / events;
+    state.counters["added_%"] = 100 * (double(recorded.count()) / double(plain.count()) - 1);
+}
+
+// Undo, then redo, of a recorded stroke over 100 cells of a 256 x 256 level, each with the
+// repaints it schedules.
+void BM_UndoRedoStroke(benchmark::State& state) {
+    ShownEditor editor(256);
+    const QRect cells = shownCells(editor.viewport());
+    int next = 0;
+    stroke(editor, cells, next, true);
+    Clock::duration undo{}, redo{};
+    for (auto _ : state) {
+        Clock::time_point start = Clock::now();
+        editor.document.undo();
+        QCoreApplication::processEvents();
+        undo += Clock::now() - start;
+        start = Clock::now();
+        editor.document.redo();
+        QCoreApplication::processEvents();
+        redo += Clock::now() - start;
+    }
+    state.counters["undo_us"] = microseconds(undo) / double(state.iterations());
+    state.counters["redo_us"] = microseconds(redo) / double(state.iterations());
+}
+
+// Undo of New on a 1000 x 1000 level (back to another 1000 x 1000 one): the window shows the
+// old level, repainted once; the redo between the undos is not timed.
+void BM_UndoNew(benchmark::State& state) {
+    ShownEditor editor(1000);
+    editor.newLevel(1000);
+    for (auto _ : state) {
+        const Clock::time_point start = Clock::now();
+        editor.document.undo();
+        QCoreApplication::processEvents();
+        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+        editor.document.redo();
+        QCoreApplication::processEvents();
+    }
+}
+
+long residentKiB() {
+    QFile status("/proc/self/status");
+    if (!status.open(QIODevice::ReadOnly)) return 0;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').first().toLong();
+    return 0;
+}
+
+// The history's memory with 100,000 wall strokes of 10 cells and 25 New and 25 Open of a
+// 1000 x 1000 level of random codes, none of them dropped: the kept steps, the bytes the
+// history counts, and the growth of the resident memory.
+void BM_HistoryMemory(benchmark::State& state) {
+    for (auto _ : state) {
+        QTemporaryDir folder;
+        LevelDocument document{QDir(folder.path())};
+        Level file;
+        file.reset(1000, 1000);
+        QRandomGenerator random(1);
+        for (int y = 0; y < 1000; ++y)
+            for (int x = 0; x < 1000; ++x) file.setCell(x, y, qint16(random.bounded(140)));
+        if (!writeLevelFile(file, document.levelFile()).ok()) return state.SkipWithError("file");
+        const long before = residentKiB();
+        for (int replacement = 0; replacement < 50; ++replacement) {
+            if (replacement % 2 == 0)
+                document.newLevel(1000, 1000);
+            else if (!document.open().ok())
+                return state.SkipWithError("open");
+            if (document.repaintGrid()) document.drawFrame(WallToolCode);
+            document.recordReplacement({}, {});
+            for (int i = 0; i < 2000; ++i) {
+                document.beginStroke();
+                const int row = 2 + random.bounded(990);
+                const int column = 2 + random.bounded(980);
+                for (int x = column; x < column + 10; ++x) document.applyTool(x, row, WallToolCode);
+                document.endStroke();
+            }
+        }
+        state.counters["steps"] = document.history().count();
+        state.counters["history_MiB"] = double(document.historyBytes()) / (1 << 20);
+        state.counters["resident_MiB"] = double(residentKiB() - before) / 1024;
+    }
+}
+
+}  // namespace
+
+BENCHMARK(BM_StrokeRecording)->Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_UndoRedoStroke)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_UndoNew)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_HistoryMemory)->Iterations(1)->Repetitions(1)->Unit(benchmark::kMillisecond);

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "history_step.h"
+#include "sprite_painter.h"
+
+#include <QPoint>
+
+#include <optional>
+#include <vector>
+
+class Level;
+class LevelRenderer;
+
+// What one left-button stroke changed: every cell it wrote, in order, as it was and as it
+// became, and the hero and the minimap's drawing colour before and after it.
+struct StrokeRecord {
+    std::vector<CellWrite> writes;
+    std::optional<QPoint> heroBefore;
+    std::optional<QPoint> heroAfter;
+    QRgb drawingBefore = 0;
+    QRgb drawingAfter = 0;
+};
+
+// A stroke as a step: undo writes the old states back in reverse order, redo the new ones in
+// order, both through the sprite painter, so no wall piece is drawn anew.
+class PaintStroke : public HistoryStep {
+  public:
+    PaintStroke(Level& level, LevelRenderer& renderer, std::shared_ptr<StrokeRecord> record)
+        : level(level), renderer(renderer), record(std::move(record)) {}
+
+    const StrokeRecord* keeps() const { return record.get(); }
+    void undo() override;
+    std::size_t bytes() const override;
+    std::unique_ptr<HistoryStep> copy() const override;
+
+  protected:
+    void redoEdit() override;
+
+  private:
+    Level& level;
+    LevelRenderer& renderer;
+    std::shared_ptr<StrokeRecord> record;
+};
