@@ -4,7 +4,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <numeric>
 
 namespace {
 // A dot is the 6-pixel square centred on (6x, 6y): pixels 6x - 3 up to 6x + 2.
@@ -26,104 +25,7 @@ void fillDotRow(QRgb* line, const QRgb* dot, int first, int end) {
     for (++x; last - out >= MinimapCellSize; ++x) out = std::fill_n(out, MinimapCellSize, dot[x]);
     if (out < last) std::fill(out, last, dot[x]);
 }
-
-qint64 floorDivide(qint64 value, qint64 divisor) {
-    return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
-
-// The cells under one shown pixel along an axis, and how much of the pixel each covers: full
-// pixels times `shown`, so that every length is a whole number.
-struct Span {
-    int firstCell = 0;
-    std::size_t firstWeight = 0;
-    int count = 0;
-};
-
-void addSpans(int first, int last, int cells, MinimapScale scale, std::vector<Span>& spans,
-              std::vector<qint64>& weights) {
-    const qint64 dot = qint64{MinimapCellSize} * scale.shown;
-    const qint64 reach = qint64{DotReach} * scale.shown;
-    const qint64 surfaceEnd = qint64{cells} * dot;
-    for (int pixel = first; pixel <= last; ++pixel) {
-        const qint64 low = qint64{pixel} * scale.full;
-        const qint64 high = std::min(low + scale.full, surfaceEnd);
-        Span span{static_cast<int>((low + reach) / dot), weights.size(), 0};
-        for (qint64 centre = span.firstCell * dot; centre - reach < high; centre += dot) {
-            weights.push_back(std::min(high, centre + reach) - std::max(low, centre - reach));
-            ++span.count;
-        }
-        spans.push_back(span);
-    }
-}
-
-// The colour of one shown pixel from the dots under it, each by the area it covers there.
-class PixelBlend {
-  public:
-    void add(QRgb dot, qint64 weight) {
-        area += weight;
-        if (dot == MinimapBackground) return;
-        covered += weight;
-        red += weight * qRed(dot);
-        green += weight * qGreen(dot);
-        blue += weight * qBlue(dot);
-        figure = figure || dot == FigureDotColour;
-        item = item || dot == ItemDotColour;
-    }
-    QRgb colour() const {
-        if (figure) return FigureDotColour;
-        if (item) return ItemDotColour;
-        if (covered == 0) return MinimapBackground;
-        // The mean of what is not floor, laid over the floor by its share, but at least half
-        // strong, so that one wall among many floor cells still darkens its pixel.
-        const double share =
-            std::max(static_cast<double>(covered) / static_cast<double>(area), 0.5);
-        auto channel = [&](qint64 sum, int floor) {
-            const double mean = static_cast<double>(sum) / static_cast<double>(covered);
-            return static_cast<int>(std::lround(floor + (mean - floor) * share));
-        };
-        return qRgb(channel(red, qRed(MinimapBackground)),
-                    channel(green, qGreen(MinimapBackground)),
-                    channel(blue, qBlue(MinimapBackground)));
-    }
-
-  private:
-    qint64 area = 0;
-    qint64 covered = 0;
-    qint64 red = 0;
-    qint64 green = 0;
-    qint64 blue = 0;
-    bool figure = false;
-    bool item = false;
-};
 }  // namespace
-
-float MinimapScale::toFull(float shownPixels) const {
-    return shownPixels * static_cast<float>(full) / static_cast<float>(shown);
-}
-
-float MinimapScale::toShown(float fullPixels) const {
-    return fullPixels * static_cast<float>(shown) / static_cast<float>(full);
-}
-
-QRect MinimapScale::shownRect(const QRect& fullPixels) const {
-    if (isFull() || fullPixels.isEmpty()) return fullPixels;
-    const auto from = [&](qint64 first) {
-        return static_cast<int>(floorDivide(first * shown, full));
-    };
-    const auto to = [&](qint64 end) {
-        return static_cast<int>(floorDivide(end * shown - 1, full));
-    };
-    return {QPoint(from(fullPixels.left()), from(fullPixels.top())),
-            QPoint(to(fullPixels.right() + qint64{1}), to(fullPixels.bottom() + qint64{1}))};
-}
-
-MinimapScale minimapScaleFor(int columns, int rows) {
-    const int side = std::max(columns, rows);
-    if (side <= LargestFullSizeMinimapSide) return {};
-    const int full = side * MinimapCellSize;
-    const int common = std::gcd(MinimapBoxSide, full);
-    return {MinimapBoxSide / common, full / common};
-}
 
 void MinimapCanvas::resize(int columns, int rows) {
     if (std::max(columns, 0) == width && std::max(rows, 0) == height && !dots.empty()) return;
@@ -181,42 +83,4 @@ void MinimapCanvas::paint(QPainter& painter, const QRect& exposed) const {
         }
         painter.drawImage(QPoint(area.left(), top), band, QRect(0, 0, area.width(), rows));
     }
-}
-
-QSize MinimapCanvas::shownSize(MinimapScale scale) const {
-    auto shown = [&](int cells) {
-        const qint64 full = qint64{cells} * MinimapCellSize * scale.shown;
-        return static_cast<int>((full + scale.full - 1) / scale.full);
-    };
-    return {shown(width), shown(height)};
-}
-
-void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, MinimapScale scale) const {
-    const QRect area = exposed.intersected(QRect(QPoint(0, 0), shownSize(scale)));
-    if (area.isEmpty()) return;
-    std::vector<Span> columnSpans;
-    std::vector<Span> rowSpans;
-    std::vector<qint64> columnWeights;
-    std::vector<qint64> rowWeights;
-    addSpans(area.left(), area.right(), width, scale, columnSpans, columnWeights);
-    addSpans(area.top(), area.bottom(), height, scale, rowSpans, rowWeights);
-    QImage image(area.size(), QImage::Format_RGB32);
-    for (int y = 0; y < area.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        const Span& row = rowSpans[static_cast<std::size_t>(y)];
-        for (int x = 0; x < area.width(); ++x) {
-            const Span& column = columnSpans[static_cast<std::size_t>(x)];
-            PixelBlend blend;
-            for (int k = 0; k < row.count; ++k) {
-                const QRgb* dot = dots.data() +
-                                  static_cast<std::size_t>(row.firstCell + k) * (width + 1) +
-                                  column.firstCell;
-                const qint64 rowWeight = rowWeights[row.firstWeight + k];
-                for (int j = 0; j < column.count; ++j)
-                    blend.add(dot[j], rowWeight * columnWeights[column.firstWeight + j]);
-            }
-            line[x] = blend.colour();
-        }
-    }
-    painter.drawImage(area.topLeft(), image);
 }

@@ -20,7 +20,10 @@ MinimapView::MinimapView(QWidget* parent, MinimapCanvas& canvas)
       canvas(canvas) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     canvas.setChangeListener([this](const QRect& pixels) {
-        if (!deferred) update(shown.shownRect(pixels));
+        if (deferred) return;
+        const QRect changed = shown.shownRect(pixels);
+        if (!shown.isFull()) stale += changed;
+        update(changed);
     });
     viewFrame = new OutlineShape(this, QColor(255, 0, 0), QStringLiteral("minimapViewFrame"));
     viewFrame->move({48, 16, 32.8f, 32.8f});
@@ -30,7 +33,14 @@ MinimapView::MinimapView(QWidget* parent, MinimapCanvas& canvas)
 
 void MinimapView::deferUpdates(bool defer) {
     deferred = defer;
-    if (!defer) update();
+    if (defer) return;
+    allStale = true;
+    update();
+}
+
+void MinimapView::setScale(MinimapScale scale) {
+    shown = scale;
+    allStale = true;
 }
 
 QSizeF MinimapView::shownSize(int columns, int rows) const {
@@ -63,8 +73,17 @@ void MinimapView::paintEvent(QPaintEvent* event) {
     const QRect exposed = event->rect();
     if (!QRect(QPoint(0, 0), canvas.shownSize(shown)).contains(exposed))
         painter.fillRect(exposed, QColor(MinimapBackground));
-    if (shown.isFull())
-        canvas.paint(painter, exposed);
-    else
-        canvas.paintScaled(painter, exposed, shown);
+    if (shown.isFull()) return canvas.paint(painter, exposed);
+    if (shrunk.size() != canvas.shownSize(shown) || allStale) {
+        shrunk = QImage(canvas.shownSize(shown), QImage::Format_RGB32);
+        stale = shrunk.rect();
+        allStale = false;
+    }
+    if (const QRegion due = stale.intersected(exposed); !due.isEmpty()) {
+        QPainter blending(&shrunk);
+        for (const QRect& part : due) canvas.paintScaled(blending, part, shown);
+        stale -= due;
+    }
+    const QRect shownPart = exposed & shrunk.rect();
+    painter.drawImage(shownPart.topLeft(), shrunk, shownPart);
 }

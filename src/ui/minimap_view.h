@@ -3,6 +3,9 @@
 #include "minimap_canvas.h"
 #include "mouse_surface.h"
 
+#include <QImage>
+#include <QRegion>
+
 class OutlineShape;
 struct Placement;
 
@@ -17,7 +20,7 @@ class MinimapView : public MouseSurface {
     // While deferred, changes of the canvas schedule nothing; resuming repaints everything.
     void deferUpdates(bool defer);
     // The scale of the level about to be drawn; the size that goes with it.
-    void setScale(MinimapScale scale) { shown = scale; }
+    void setScale(MinimapScale scale);
     MinimapScale scale() const { return shown; }
     QSizeF shownSize(int columns, int rows) const;
     // Where the frame lies on the full-size minimap; it is shown at the minimap's scale.
@@ -39,4 +42,8 @@ class MinimapView : public MouseSurface {
     OutlineShape* viewFrame;
     MinimapScale shown;
     bool deferred = false;
+    // A shrunk minimap is kept as shown; only the pixels of changed dots are blended again.
+    QImage shrunk;
+    QRegion stale;
+    bool allStale = true;
 };
