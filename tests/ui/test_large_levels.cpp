@@ -190,6 +190,11 @@ class LargeLevelsTest : public QObject {
         turnWheel(palette, 120 * 100);
         QCOMPARE(palette->stripPlacement().top, 8.0f);
 
+        QWidget* minimap = editor.part("minimapSurface");
+        minimap->grab();  // the whole minimap blended once; then only what changes
+        editor.document.applyTool(60, 30, HeroCode);
+        QCOMPARE(minimap->grab().toImage().pixel(144, 72), qRgb(255, 0, 0));
+
         editor.part<QLineEdit>("heightField")->setText("5");  // a map lower than the view
         editor.window.newLevel();
         turnWheel(viewport, -120);
