@@ -1,5 +1,6 @@
 #include "editor_window.h"
 #include "level_document.h"
+#include "level_file.h"
 #include "level_renderer.h"
 #include "map_viewport.h"
 #include "recording_dialogs.h"
@@ -22,7 +23,7 @@ namespace {
 // What a 896 x 641 window showed of a full-size minimap at (10, 17).
 const QRect WindowShown(0, 0, 896 - 10, 641 - 17);
 
-// A whole level drawn by the editor, with walls and crates over a quarter of it.
+// A whole level drawn by the editor: a wall or a crate on every fifth cell of every third row.
 struct DrawnMinimap {
     explicit DrawnMinimap(int side) : renderer(level) {
         level.reset(side, side);
@@ -60,7 +61,8 @@ void dotChanged(benchmark::State& state, DrawnMinimap& drawn, Paint paint) {
     int n = 0;
     for (auto _ : state) {
         drawn.minimap().setDrawingColour(++n % 2 ? qRgb(0, 0, 0) : MinimapBackground);
-        drawn.minimap().drawDot(100 + n % 50, 100);
+        const int side = drawn.level.width();
+        drawn.minimap().drawDot(2 + n % (side - 4), side / 2);
         paint(told);
     }
 }
@@ -107,6 +109,26 @@ void BM_NewLevelShown(benchmark::State& state) {
     for (auto _ : state) editor.newLevel();
 }
 
+// The whole minimap of a shown window repainted at once, as when the window was covered.
+void BM_MinimapRepaintShown(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    QWidget* minimap = editor.window.findChild<QWidget*>("minimapSurface");
+    for (auto _ : state) minimap->repaint();
+}
+
+// Open of the drawn level, the whole-level redraw and the window's repaint.
+void BM_OpenLevelShown(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    const DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    if (!writeLevelFile(drawn.level, editor.document.levelFile()).ok())
+        return state.SkipWithError("the level file cannot be written");
+    for (auto _ : state) {
+        editor.window.openLevel();
+        QCoreApplication::processEvents();
+        editor.dialogs.shown.clear();
+    }
+}
+
 // A right-button drag step of a cell, up and down in turn, and the repaints it causes: the
 // view, and the minimap under the frame's old and new place.
 void BM_DragStepShown(benchmark::State& state) {
@@ -139,5 +161,7 @@ BENCHMARK(BM_MinimapShownShrunk)->Arg(41)->Arg(1000)->Unit(benchmark::kMicroseco
 BENCHMARK(BM_MinimapDotFullSize)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_MinimapDotShrunk)->Arg(41)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_NewLevelShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_MinimapRepaintShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_OpenLevelShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_DragStepShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_PaintCellShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMicrosecond);
