@@ -27,13 +27,11 @@ struct MinimapScale {
     int full = 1;
 
     bool isFull() const { return shown == full; }
-    float factor() const { return static_cast<float>(shown) / static_cast<float>(full); }
     // A shown length as the full-size length it stands for, and back.
     float toFull(float shownPixels) const;
     float toShown(float fullPixels) const;
     // The shown pixels that show any of these full-size pixels.
     QRect shownRect(const QRect& fullPixels) const;
-    bool operator==(const MinimapScale&) const = default;
 };
 MinimapScale minimapScaleFor(int columns, int rows);
 

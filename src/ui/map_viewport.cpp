@@ -130,11 +130,10 @@ void MapViewport::wheelEvent(QWheelEvent* event) {
     // A notch is 120; the map's far edge may come to the viewport's inner edge, no further.
     constexpr float PixelsPerEighth = static_cast<float>(TileSize) / 120.0f;
     const Placement map = mapSurface->placement();
-    const auto shown = QSizeF(client->size());
     moveMap(scrolledWithin(map.left, PixelsPerEighth * static_cast<float>(turned.x()),
-                           static_cast<float>(shown.width()) - map.width, 0),
+                           static_cast<float>(client->width()) - map.width, 0),
             scrolledWithin(map.top, PixelsPerEighth * static_cast<float>(turned.y()),
-                           static_cast<float>(shown.height()) - map.height, 0));
+                           static_cast<float>(client->height()) - map.height, 0));
     emit viewMoved();
     // The outline follows the cell that has come under the pointer.
     const QPointF pointer = mapSurface->mapFrom(this, event->position());
