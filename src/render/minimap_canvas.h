@@ -10,6 +10,30 @@ class QPainter;
 
 inline constexpr int MinimapCellSize = 6;
 inline constexpr QRgb MinimapBackground = qRgb(184, 221, 239);
+// The dots of the figures and of the items: single cells that matter, kept whole when the
+// minimap is shown smaller than one pixel a cell.
+inline constexpr QRgb FigureDotColour = qRgb(255, 0, 0);
+inline constexpr QRgb ItemDotColour = qRgb(0, 0, 255);
+
+// Levels up to this many cells a side show their minimap at full size; larger ones shrink to
+// the box of this side, keeping their proportions.
+inline constexpr int LargestFullSizeMinimapSide = 40;
+inline constexpr int MinimapBoxSide = LargestFullSizeMinimapSide * MinimapCellSize;
+
+// How the minimap is shown: `shown` pixels for every `full` pixels of the full-size surface
+// (6 a cell), kept as a fraction so that pixel edges are exact.
+struct MinimapScale {
+    int shown = 1;
+    int full = 1;
+
+    bool isFull() const { return shown == full; }
+    // A shown length as the full-size length it stands for, and back.
+    float toFull(float shownPixels) const;
+    float toShown(float fullPixels) const;
+    // The shown pixels that show any of these full-size pixels.
+    QRect shownRect(const QRect& fullPixels) const;
+};
+MinimapScale minimapScaleFor(int columns, int rows);
 
 // What the minimap surface shows: one dot colour per level cell, including the margin column
 // and row whose dots are half on the surface, and the persistent drawing colour.
@@ -43,6 +67,12 @@ class MinimapCanvas {
 
     // Paints the part `exposed` (surface pixels); cost follows the exposed area.
     void paint(QPainter& painter, const QRect& exposed) const;
+    // The whole surface shown at `scale`, and the part `exposed` of it painted. Each shown
+    // pixel blends the dots under it by the area they cover there, except that a pixel with
+    // any figure under it is the figure's red, else one with any item the items' blue, and
+    // that whatever is not floor shows at least half strong: a lone cell never fades away.
+    QSize shownSize(MinimapScale scale) const;
+    void paintScaled(QPainter& painter, const QRect& exposed, MinimapScale scale) const;
 
     void setChangeListener(std::function<void(const QRect&)> listener) {
         changed = std::move(listener);

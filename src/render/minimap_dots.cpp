@@ -11,9 +11,9 @@ struct DotColour {
 };
 // Tested in this order: the items lie inside the rooms' range and must win over it.
 constexpr DotColour DotColours[] = {
-    {FirstFurniture, LastFurniture, qRgb(128, 0, 0)}, {FirstItem, LastItem, qRgb(0, 0, 255)},
+    {FirstFurniture, LastFurniture, qRgb(128, 0, 0)}, {FirstItem, LastItem, ItemDotColour},
     {FirstRoomCell, LastRoomCell, qRgb(0, 128, 0)},   {ToiletCode, ToiletCode, qRgb(0, 128, 128)},
-    {FirstWallPiece, LastWallPiece, qRgb(0, 0, 0)},   {FirstFigure, LastFigure, qRgb(255, 0, 0)},
+    {FirstWallPiece, LastWallPiece, qRgb(0, 0, 0)},   {FirstFigure, LastFigure, FigureDotColour},
 };
 }  // namespace
 

@@ -19,7 +19,11 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace {
+constexpr float ShrunkenMinimapColumnWidth = 20 * MinimapCellSize;
+
 // A side New can make: a whole number from 3 (room for the frame) to the largest side.
 std::optional<int> sideFromField(const QString& text) {
     bool ok = false;
@@ -192,10 +196,12 @@ void EditorWindow::redrawLevel() {
 }
 
 void EditorWindow::sizeMapAndMinimap() {
-    const float dot = MinimapCellSize;
+    const int columns = document.level().width();
+    const int rows = document.level().height();
+    minimapView->setScale(minimapScaleFor(columns, rows));
+    const QSizeF minimap = minimapView->shownSize(columns, rows);
     minimapView->move({10, static_cast<float>(mouseHintLabel->height()),
-                       dot * static_cast<float>(document.level().width()),
-                       dot * static_cast<float>(document.level().height())});
+                       static_cast<float>(minimap.width()), static_cast<float>(minimap.height())});
     mapViewport->fitMapToLevel();
 }
 
@@ -224,12 +230,17 @@ void EditorWindow::layOutControls() {
     const auto clientWidth = static_cast<float>(width());
     const auto clientHeight = static_cast<float>(height());
     const Placement minimap = minimapView->placement();
+    // A shrunken minimap of a long, narrow level would leave no room for the menu's buttons:
+    // the column keeps at least the width of a 20-column level's.
+    const float column = minimapView->scale().isFull()
+                             ? minimap.width
+                             : std::max(minimap.width, ShrunkenMinimapColumnWidth);
     const float menuHeight = levelMenu->placement().height;
-    levelMenu->move({10, clientHeight - menuHeight - 10, minimap.width, menuHeight});
-    toolStrip->moveViewport({10, minimap.top + minimap.height + 10, minimap.width,
+    levelMenu->move({10, clientHeight - menuHeight - 10, column, menuHeight});
+    toolStrip->moveViewport({10, minimap.top + minimap.height + 10, column,
                              levelMenu->placement().top - minimap.height - minimap.top - 20});
-    mapViewport->move({minimap.width + 20, minimap.top, clientWidth - minimap.width - 30,
-                       clientHeight - minimap.top - 10});
+    mapViewport->move(
+        {column + 20, minimap.top, clientWidth - column - 30, clientHeight - minimap.top - 10});
     updateMinimapViewFrame();
 }
 

@@ -32,9 +32,10 @@ LevelMenu::LevelMenu(QWidget* parent) : QGroupBox(QStringLiteral("Menu"), parent
                               {8, 128, 72.8f, 32.8f}, QStringLiteral("saveButton"));
     auto* newButton = placed(new QPushButton(QStringLiteral("Nový"), this), {8, 48, 72.8f, 32.8f},
                              QStringLiteral("newButton"));
-    widthField = sizeField(this, {16, 24, 24.8f, 19.2f}, QStringLiteral("widthField"));
-    heightField = sizeField(this, {56, 24, 24.8f, 19.2f}, QStringLiteral("heightField"));
-    auto* timesLabel = placed(new QLabel(QStringLiteral("x"), this), {48, 26.4f, 4.8f, 12.8f},
+    // The fields hold four digits and line up with the buttons' edges, the "x" between them.
+    widthField = sizeField(this, {8, 24, 32.8f, 19.2f}, QStringLiteral("widthField"));
+    heightField = sizeField(this, {48, 24, 32.8f, 19.2f}, QStringLiteral("heightField"));
+    auto* timesLabel = placed(new QLabel(QStringLiteral("x"), this), {42, 26.4f, 4.8f, 12.8f},
                               QStringLiteral("timesLabel"));
     setColour(timesLabel, QPalette::WindowText, parent->palette().color(QPalette::WindowText));
     connect(newButton, &QPushButton::clicked, this, &LevelMenu::newRequested);

@@ -10,6 +10,7 @@
 #include "tools.h"
 
 #include <QLabel>
+#include <QWheelEvent>
 
 MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     : QFrame(parent), document(document) {
@@ -136,6 +137,24 @@ void MapViewport::minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint) {
             -static_cast<float>(mapPoint.y()) + place.height / 2);
     emit viewMoved();
     if (buttons == Qt::LeftButton) mapMoved(buttons, mapPoint);
+}
+
+void MapViewport::wheelEvent(QWheelEvent* event) {
+    QPoint turned = event->angleDelta();
+    if (event->modifiers() & Qt::ShiftModifier) turned = {turned.x() + turned.y(), 0};
+    // A notch is 120; the map's far edge may come to the viewport's inner edge, no further.
+    constexpr float PixelsPerEighth = static_cast<float>(TileSize) / 120.0f;
+    const Placement map = mapSurface->placement();
+    moveMap(scrolledWithin(map.left, PixelsPerEighth * static_cast<float>(turned.x()),
+                           static_cast<float>(client->width()) - map.width, 0),
+            scrolledWithin(map.top, PixelsPerEighth * static_cast<float>(turned.y()),
+                           static_cast<float>(client->height()) - map.height, 0));
+    emit viewMoved();
+    // The outline follows the cell that has come under the pointer.
+    const QPointF pointer = mapSurface->mapFrom(this, event->position());
+    if (mapSurface->rect().contains(pointer.toPoint()))
+        moveOutline(static_cast<float>(pointer.x()), static_cast<float>(pointer.y()));
+    event->accept();
 }
 
 void MapViewport::moveMap(float left, float top) {

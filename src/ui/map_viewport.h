@@ -50,6 +50,11 @@ class MapViewport : public QFrame {
     // The map moved inside the viewport, or the viewport changed its size.
     void viewMoved();
 
+  protected:
+    // The wheel moves the map a cell a notch, down and up, or sideways with Shift, never past
+    // the level's edges.
+    void wheelEvent(QWheelEvent* event) override;
+
   private:
     void moveMap(float left, float top);
     void moveOutline(float x, float y);

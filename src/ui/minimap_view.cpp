@@ -9,13 +9,9 @@
 #include <QPainter>
 
 namespace {
-// A minimap coordinate as the map coordinate it stands for.
-float onMap(double minimapCoordinate) {
-    return static_cast<float>(minimapCoordinate) / static_cast<float>(MinimapCellSize) *
-           static_cast<float>(TileSize);
-}
-QPointF onMap(QPointF position) {
-    return {onMap(position.x()), onMap(position.y())};
+// A full-size minimap coordinate as the map coordinate it stands for.
+float onMap(float minimapCoordinate) {
+    return minimapCoordinate / static_cast<float>(MinimapCellSize) * static_cast<float>(TileSize);
 }
 }  // namespace
 
@@ -24,7 +20,10 @@ MinimapView::MinimapView(QWidget* parent, MinimapCanvas& canvas)
       canvas(canvas) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     canvas.setChangeListener([this](const QRect& pixels) {
-        if (!deferred) update(pixels);
+        if (deferred) return;
+        const QRect changed = shown.shownRect(pixels);
+        if (!shown.isFull()) stale += changed;
+        update(changed);
     });
     viewFrame = new OutlineShape(this, QColor(255, 0, 0), QStringLiteral("minimapViewFrame"));
     viewFrame->move({48, 16, 32.8f, 32.8f});
@@ -34,11 +33,31 @@ MinimapView::MinimapView(QWidget* parent, MinimapCanvas& canvas)
 
 void MinimapView::deferUpdates(bool defer) {
     deferred = defer;
-    if (!defer) update();
+    if (defer) return;
+    allStale = true;
+    update();
+}
+
+void MinimapView::setScale(MinimapScale scale) {
+    shown = scale;
+    allStale = true;
+}
+
+QSizeF MinimapView::shownSize(int columns, int rows) const {
+    const float dot = MinimapCellSize;
+    return {shown.toShown(dot * static_cast<float>(columns)),
+            shown.toShown(dot * static_cast<float>(rows))};
 }
 
 void MinimapView::showViewFrame(const Placement& frame) {
-    viewFrame->move(frame);
+    if (shown.isFull()) return viewFrame->move(frame);
+    viewFrame->move({shown.toShown(frame.left), shown.toShown(frame.top),
+                     shown.toShown(frame.width), shown.toShown(frame.height)});
+}
+
+QPointF MinimapView::onMap(QPointF position) const {
+    return {::onMap(shown.toFull(static_cast<float>(position.x()))),
+            ::onMap(shown.toFull(static_cast<float>(position.y())))};
 }
 
 void MinimapView::minimapPressed(Qt::MouseButtons button, QPointF position) {
@@ -52,7 +71,19 @@ void MinimapView::minimapMoved(Qt::MouseButtons buttons, QPointF position) {
 void MinimapView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect exposed = event->rect();
-    if (!QRect(QPoint(0, 0), canvas.pixelSize()).contains(exposed))
+    if (!QRect(QPoint(0, 0), canvas.shownSize(shown)).contains(exposed))
         painter.fillRect(exposed, QColor(MinimapBackground));
-    canvas.paint(painter, exposed);
+    if (shown.isFull()) return canvas.paint(painter, exposed);
+    if (shrunk.size() != canvas.shownSize(shown) || allStale) {
+        shrunk = QImage(canvas.shownSize(shown), QImage::Format_RGB32);
+        stale = shrunk.rect();
+        allStale = false;
+    }
+    if (const QRegion due = stale.intersected(exposed); !due.isEmpty()) {
+        QPainter blending(&shrunk);
+        for (const QRect& part : due) canvas.paintScaled(blending, part, shown);
+        stale -= due;
+    }
+    const QRect shownPart = exposed & shrunk.rect();
+    painter.drawImage(shownPart.topLeft(), shrunk, shownPart);
 }

@@ -8,8 +8,10 @@
 #include <QButtonGroup>
 #include <QPainter>
 #include <QToolButton>
+#include <QWheelEvent>
 
 namespace {
+constexpr float StripTop = 8.0f;
 constexpr float ButtonLeft = 8.0f;
 constexpr float ButtonTop = 8.0f;
 constexpr float ButtonPitch = 72.0f;
@@ -38,7 +40,7 @@ ToolStrip::ToolStrip(QWidget* parent)
                    QStringLiteral("toolStripViewport")) {
     MouseSurface::move({112, 104, 96.8f, 825.6f});
     strip = new MouseSurface(this, QColor(180, 205, 228), QStringLiteral("toolStrip"));
-    strip->move({0, 8, 80.8f, 1888});
+    strip->move({0, StripTop, 80.8f, 1888});
     connect(strip, &MouseSurface::pressed, this,
             [this](Qt::MouseButtons, QPointF position) { toolStripPressed(position); });
     connect(strip, &MouseSurface::moved, this, &ToolStrip::toolStripDragged);
@@ -100,4 +102,16 @@ void ToolStrip::toolStripDragged(Qt::MouseButtons buttons, QPointF position) {
     Placement moved = strip->placement();
     moved.top += static_cast<float>(position.y()) - toolStripGrabY;
     strip->move(moved);
+}
+
+void ToolStrip::wheelEvent(QWheelEvent* event) {
+    // A notch is 120. The strip's top stays between its place at start, which shows the first
+    // entry, and the place where its bottom meets the viewport's, which shows the last.
+    constexpr float PixelsPerEighth = ButtonPitch / 120.0f;
+    Placement moved = strip->placement();
+    moved.top =
+        scrolledWithin(moved.top, PixelsPerEighth * static_cast<float>(event->angleDelta().y()),
+                       placement().height - moved.height, StripTop);
+    strip->move(moved);
+    event->accept();
 }

@@ -22,6 +22,10 @@ class ToolStrip : public MouseSurface {
   signals:
     void toolSelected(int code);
 
+  protected:
+    // The wheel moves the strip an entry a notch, as far as its first and its last entry.
+    void wheelEvent(QWheelEvent* event) override;
+
   private:
     void createButtons();
     void toolStripPressed(QPointF position);

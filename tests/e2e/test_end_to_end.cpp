@@ -284,6 +284,51 @@ class EndToEndTest : public QObject {
         const QString path = QDir(folder.path()).filePath("level99.VRK");
         QCOMPARE(waitForFile(path, levelFile(start)), levelFile(expected));
     }
+
+    void aLargeNewLevelIsEditedAndSavedInTheDesignWindow() {
+        QTemporaryDir large;
+        prepareFolder(QDir(large.path()), {});
+        X11Session x;
+        QVERIFY(x.startEditor(VARNOK_EDITOR, large.path()));
+        dismissHelp(x);  // the window keeps its design size, 896 x 641
+        const QPoint client = x.clientOrigin();
+        const int menuTop = 641 - 169 - 10;
+        auto wheelDown = [&](QPoint at, const char* notches, bool sideways = false) {
+            at += client;
+            QStringList command{"mousemove", "--sync", QString::number(at.x()),
+                                QString::number(at.y())};
+            if (sideways)
+                command << "keydown"
+                        << "shift";
+            x.xdotool(command << "click"
+                              << "--repeat" << notches << "5"
+                              << "keyup"
+                              << "shift");
+        };
+        for (QPoint field : {QPoint(10 + 24, menuTop + 34), QPoint(10 + 64, menuTop + 34)}) {
+            x.click(client + field);
+            x.xdotool({"key", "ctrl+a", "3", "0", "0"});
+        }
+        x.click(client + QPoint(10 + 44, menuTop + 64));  // Nový: 300 x 300
+        // 21 notches bring the hero's entry (place 22) to 88 below the palette's top.
+        wheelDown({130, 267 + 100}, "21");
+        x.click(client + QPoint(10 + 40, 267 + 88 + 24));
+        // The map two cells up and one to the left (xdotool's --sync waits for a real move).
+        wheelDown({400, 300}, "2");
+        wheelDown({500, 300}, "1", true);
+        x.click(client + QPoint(262 + 64 * 3 + 32, 19 + 64 * 5 + 32 - 128));  // cell (4, 5)
+        x.click(client + QPoint(10 + 44, menuTop + 144));                     // Uložit
+        QVERIFY(!x.waitForWindow("Uložit přes starý").isEmpty());
+        x.key("Return");
+
+        // Three lines of header, then 314 lines of 314 cells: the hero alone, at (4, 5).
+        const QByteArray saved = waitForFile(QDir(large.path()).filePath("level99.VRK"), {});
+        const QByteArray header = "1\r\n 314 \r\n 314 \r\n";
+        QVERIFY(saved.startsWith(header));
+        QCOMPARE(saved.size(), header.size() + 314 * 316);
+        QCOMPARE(saved.count(char(48 + 135)), 1);
+        QCOMPARE(saved.indexOf(char(48 + 135)), header.size() + (7 + 5) * 316 + 7 + 4);
+    }
 };
 
 QTEST_GUILESS_MAIN(EndToEndTest)

@@ -1,0 +1,167 @@
+#include "editor_window.h"
+#include "level_document.h"
+#include "level_file.h"
+#include "level_renderer.h"
+#include "map_viewport.h"
+#include "recording_dialogs.h"
+#include "tile_codes.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QImage>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTemporaryDir>
+
+// The minimap of a large level before it was shrunk (full size, 6 pixels a cell, of which a
+// window shows only a part) and after (the whole level in the 240-pixel box), and the events
+// of the editor window that repaint it.
+
+namespace {
+
+// What a 896 x 641 window showed of a full-size minimap at (10, 17).
+const QRect WindowShown(0, 0, 896 - 10, 641 - 17);
+
+// A whole level drawn by the editor: a wall or a crate on every fifth cell of every third row.
+struct DrawnMinimap {
+    explicit DrawnMinimap(int side) : renderer(level) {
+        level.reset(side, side);
+        for (int y = 2; y < side - 2; y += 3)
+            for (int x = 2; x < side - 2; x += 5)
+                renderer.tools().applyTool(x, y, (x + y) % 3 ? 1 : 25);
+        if (!renderer.repaintGrid()) qFatal("the drawn level holds a code without a picture");
+        renderer.drawFrame(WallToolCode);
+    }
+    MinimapCanvas& minimap() { return renderer.minimap(); }
+    Level level;
+    LevelRenderer renderer;
+};
+
+void BM_MinimapShownFullSize(benchmark::State& state) {
+    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    QImage target(WindowShown.size(), QImage::Format_RGB32);
+    QPainter painter(&target);
+    for (auto _ : state) drawn.minimap().paint(painter, WindowShown);
+}
+
+void BM_MinimapShownShrunk(benchmark::State& state) {
+    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    const MinimapScale scale = minimapScaleFor(drawn.level.width(), drawn.level.height());
+    QImage target(drawn.minimap().shownSize(scale), QImage::Format_RGB32);
+    QPainter painter(&target);
+    for (auto _ : state) drawn.minimap().paintScaled(painter, target.rect(), scale);
+}
+
+// One cell's dot changed and the pixels it was told to repaint painted.
+template <typename Paint>
+void dotChanged(benchmark::State& state, DrawnMinimap& drawn, Paint paint) {
+    QRect told;
+    drawn.minimap().setChangeListener([&](const QRect& pixels) { told = pixels; });
+    int n = 0;
+    for (auto _ : state) {
+        drawn.minimap().setDrawingColour(++n % 2 ? qRgb(0, 0, 0) : MinimapBackground);
+        const int side = drawn.level.width();
+        drawn.minimap().drawDot(2 + n % (side - 4), side / 2);
+        paint(told);
+    }
+}
+
+void BM_MinimapDotFullSize(benchmark::State& state) {
+    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    QImage target(WindowShown.size(), QImage::Format_RGB32);
+    QPainter painter(&target);
+    dotChanged(state, drawn, [&](const QRect& told) { drawn.minimap().paint(painter, told); });
+}
+
+void BM_MinimapDotShrunk(benchmark::State& state) {
+    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    const MinimapScale scale = minimapScaleFor(drawn.level.width(), drawn.level.height());
+    QImage target(drawn.minimap().shownSize(scale), QImage::Format_RGB32);
+    QPainter painter(&target);
+    dotChanged(state, drawn, [&](const QRect& told) {
+        drawn.minimap().paintScaled(painter, scale.shownRect(told), scale);
+    });
+}
+
+// The editor in its design size, shown, with a new level of the given side.
+struct ShownEditor {
+    explicit ShownEditor(int side) {
+        window.show();
+        window.findChild<QLineEdit*>("widthField")->setText(QString::number(side));
+        window.findChild<QLineEdit*>("heightField")->setText(QString::number(side));
+        newLevel();
+    }
+    void newLevel() {
+        window.newLevel();
+        QCoreApplication::processEvents();
+    }
+    MapViewport& viewport() { return *window.findChild<MapViewport*>("mapViewport"); }
+    QTemporaryDir folder;
+    RecordingDialogs dialogs;
+    LevelDocument document{QDir(folder.path())};
+    EditorWindow window{document, dialogs};
+};
+
+// New, the whole-level redraw and the window's repaint.
+void BM_NewLevelShown(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    for (auto _ : state) editor.newLevel();
+}
+
+// The whole minimap of a shown window repainted at once, as when the window was covered.
+void BM_MinimapRepaintShown(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    QWidget* minimap = editor.window.findChild<QWidget*>("minimapSurface");
+    for (auto _ : state) minimap->repaint();
+}
+
+// Open of the drawn level, the whole-level redraw and the window's repaint.
+void BM_OpenLevelShown(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    const DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    if (!writeLevelFile(drawn.level, editor.document.levelFile()).ok())
+        return state.SkipWithError("the level file cannot be written");
+    for (auto _ : state) {
+        editor.window.openLevel();
+        QCoreApplication::processEvents();
+        editor.dialogs.shown.clear();
+    }
+}
+
+// A right-button drag step of a cell, up and down in turn, and the repaints it causes: the
+// view, and the minimap under the frame's old and new place.
+void BM_DragStepShown(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    MapViewport& viewport = editor.viewport();
+    viewport.mapPressed(Qt::RightButton, {1000, 1000});
+    int n = 0;
+    for (auto _ : state) {
+        viewport.mapMoved(Qt::RightButton, {1000, ++n % 2 ? 1064.0 : 936.0});
+        QCoreApplication::processEvents();
+    }
+}
+
+// A left-button move into a new cell inside the view: the cell painted, map and minimap
+// repainted there.
+void BM_PaintCellShown(benchmark::State& state) {
+    ShownEditor editor(static_cast<int>(state.range(0)));
+    int n = 0;
+    for (auto _ : state) {
+        const int cell = 3 + n++ % 5;
+        editor.viewport().mapMoved(Qt::LeftButton, {64.0 * cell + 32, 64.0 * 3 + 32});
+        QCoreApplication::processEvents();
+    }
+}
+
+}  // namespace
+
+BENCHMARK(BM_MinimapShownFullSize)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_MinimapShownShrunk)->Arg(41)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_MinimapDotFullSize)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_MinimapDotShrunk)->Arg(41)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_NewLevelShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_MinimapRepaintShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_OpenLevelShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DragStepShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_PaintCellShown)->Arg(40)->Arg(1000)->Unit(benchmark::kMicrosecond);

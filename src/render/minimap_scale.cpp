@@ -1,0 +1,206 @@
+// The minimap of a large level, shown smaller than its 6 pixels a cell.
+
+#include "minimap_canvas.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <numeric>
+
+namespace {
+// A dot is the 6-pixel square centred on (6x, 6y) of the full-size surface.
+constexpr qint64 DotReach = MinimapCellSize / 2;
+
+qint64 floorDivide(qint64 value, qint64 divisor) {
+    return value / divisor - (value % divisor < 0 ? 1 : 0);
+}
+
+// Along one axis of a shown minimap, where a cell's dot covers part of a shown pixel, and by
+// how much: full-size pixels times `shown`, so that every length is a whole number.
+struct Overlap {
+    int cell;
+    int pixel;
+    qint64 length;
+};
+
+// The overlaps of shown pixels first..last, in order of pixels and so also of cells.
+std::vector<Overlap> overlapsOf(int first, int last, int cells, MinimapScale scale) {
+    const qint64 dot = qint64{MinimapCellSize} * scale.shown;
+    const qint64 reach = DotReach * scale.shown;
+    const qint64 surfaceEnd = qint64{cells} * dot;
+    std::vector<Overlap> overlaps;
+    for (int pixel = first; pixel <= last; ++pixel) {
+        const qint64 low = qint64{pixel} * scale.full;
+        const qint64 high = std::min(low + scale.full, surfaceEnd);
+        for (qint64 cell = (low + reach) / dot; cell * dot - reach < high; ++cell) {
+            const qint64 length =
+                std::min(high, cell * dot + reach) - std::max(low, cell * dot - reach);
+            overlaps.push_back({static_cast<int>(cell), pixel, length});
+        }
+    }
+    return overlaps;
+}
+
+// Where each cell's overlaps begin, for the cells first..last of `overlaps` and one past.
+std::vector<std::size_t> overlapsByCell(const std::vector<Overlap>& overlaps) {
+    const int first = overlaps.front().cell;
+    std::vector<std::size_t> begins(static_cast<std::size_t>(overlaps.back().cell - first + 2));
+    for (std::size_t i = overlaps.size(); i-- > 0;)
+        begins[static_cast<std::size_t>(overlaps[i].cell - first)] = i;
+    begins.back() = overlaps.size();
+    return begins;
+}
+
+// The first dot from `from` on that is not floor, or `end`. Long runs of floor, which most
+// of a level is, are compared a block at a time.
+const QRgb* nextNotFloor(const QRgb* from, const QRgb* end) {
+    constexpr std::ptrdiff_t Block = 64;
+    static const auto floorBlock = [] {
+        std::array<QRgb, Block> block;
+        block.fill(MinimapBackground);
+        return block;
+    }();
+    for (;;) {
+        for (const QRgb* stop = std::min(end, from + 16); from < stop; ++from)
+            if (*from != MinimapBackground) return from;
+        while (end - from >= Block && std::memcmp(from, floorBlock.data(), sizeof floorBlock) == 0)
+            from += Block;
+        if (from >= end) return end;
+    }
+}
+
+// The dots under one shown pixel that are not floor, each weighted by the area it covers.
+// The weights are whole numbers, and so are the sums as long as they stay below 2^24.
+struct PixelSum {
+    float covered = 0;
+    float red = 0;
+    float green = 0;
+    float blue = 0;
+    bool figure = false;
+    bool item = false;
+};
+
+// The colour of a shown pixel, from its sums and one over its area. A figure under it makes
+// it the figure's red, else an item the items' blue; otherwise it is the mean of what is not
+// floor, laid over the floor by its share but at least half strong, so that one wall among
+// many floor cells still shows.
+QRgb colourOf(const PixelSum& sum, float perArea) {
+    if (sum.figure) return FigureDotColour;
+    if (sum.item) return ItemDotColour;
+    if (sum.covered == 0) return MinimapBackground;
+    const float share = sum.covered * perArea;
+    const float perWeight = share >= 0.5f ? perArea : 0.5f / sum.covered;
+    const float floorShare = 1 - std::max(share, 0.5f);
+    auto channel = [&](float weighted, int floor) {
+        return static_cast<int>(static_cast<float>(floor) * floorShare + weighted * perWeight +
+                                0.5f);
+    };
+    return qRgb(channel(sum.red, qRed(MinimapBackground)),
+                channel(sum.green, qGreen(MinimapBackground)),
+                channel(sum.blue, qBlue(MinimapBackground)));
+}
+}  // namespace
+
+float MinimapScale::toFull(float shownPixels) const {
+    return shownPixels * static_cast<float>(full) / static_cast<float>(shown);
+}
+
+float MinimapScale::toShown(float fullPixels) const {
+    return fullPixels * static_cast<float>(shown) / static_cast<float>(full);
+}
+
+QRect MinimapScale::shownRect(const QRect& fullPixels) const {
+    if (isFull() || fullPixels.isEmpty()) return fullPixels;
+    const auto from = [&](qint64 first) {
+        return static_cast<int>(floorDivide(first * shown, full));
+    };
+    const auto to = [&](qint64 end) {
+        return static_cast<int>(floorDivide(end * shown - 1, full));
+    };
+    return {QPoint(from(fullPixels.left()), from(fullPixels.top())),
+            QPoint(to(fullPixels.right() + qint64{1}), to(fullPixels.bottom() + qint64{1}))};
+}
+
+MinimapScale minimapScaleFor(int columns, int rows) {
+    const int side = std::max(columns, rows);
+    if (side <= LargestFullSizeMinimapSide) return {};
+    const int full = side * MinimapCellSize;
+    const int common = std::gcd(MinimapBoxSide, full);
+    return {MinimapBoxSide / common, full / common};
+}
+
+QSize MinimapCanvas::shownSize(MinimapScale scale) const {
+    auto shown = [&](int cells) {
+        const qint64 full = qint64{cells} * MinimapCellSize * scale.shown;
+        return static_cast<int>((full + scale.full - 1) / scale.full);
+    };
+    return {shown(width), shown(height)};
+}
+
+void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, MinimapScale scale) const {
+    const QRect area = exposed.intersected(QRect(QPoint(0, 0), shownSize(scale)));
+    if (area.isEmpty()) return;
+    const std::vector<Overlap> across = overlapsOf(area.left(), area.right(), width, scale);
+    const std::vector<Overlap> down = overlapsOf(area.top(), area.bottom(), height, scale);
+    const std::vector<std::size_t> acrossByCell = overlapsByCell(across);
+    const std::vector<std::size_t> downByCell = overlapsByCell(down);
+    const int firstColumn = across.front().cell;
+    const int firstRow = down.front().cell;
+    const auto shownWidth = static_cast<std::size_t>(area.width());
+
+    // Each cell row is read once, and only its dots that are not floor are spread over the
+    // pixels they cover.
+    std::vector<PixelSum> sums(shownWidth * static_cast<std::size_t>(area.height()));
+    for (std::size_t row = 0; row + 1 < downByCell.size(); ++row) {
+        const QRgb* line =
+            dots.data() + (static_cast<std::size_t>(firstRow) + row) * (width + 1) + firstColumn;
+        const QRgb* const end = line + (acrossByCell.size() - 1);
+        for (const QRgb* dot = nextNotFloor(line, end); dot < end;
+             dot = nextNotFloor(dot + 1, end)) {
+            const auto column = static_cast<std::size_t>(dot - line);
+            const auto red = static_cast<float>(qRed(*dot));
+            const auto green = static_cast<float>(qGreen(*dot));
+            const auto blue = static_cast<float>(qBlue(*dot));
+            const bool figure = *dot == FigureDotColour;
+            const bool item = *dot == ItemDotColour;
+            for (std::size_t d = downByCell[row]; d < downByCell[row + 1]; ++d) {
+                PixelSum* sumRow =
+                    sums.data() + static_cast<std::size_t>(down[d].pixel - area.top()) * shownWidth;
+                for (std::size_t a = acrossByCell[column]; a < acrossByCell[column + 1]; ++a) {
+                    PixelSum& sum = sumRow[across[a].pixel - area.left()];
+                    const auto weight = static_cast<float>(down[d].length * across[a].length);
+                    sum.covered += weight;
+                    sum.red += weight * red;
+                    sum.green += weight * green;
+                    sum.blue += weight * blue;
+                    sum.figure = sum.figure || figure;
+                    sum.item = sum.item || item;
+                }
+            }
+        }
+    }
+
+    // One over each pixel's width and height, for its share of what is not floor.
+    std::vector<qint64> pixelWidths(shownWidth);
+    for (const Overlap& overlap : across)
+        pixelWidths[static_cast<std::size_t>(overlap.pixel - area.left())] += overlap.length;
+    std::vector<float> perWidth(shownWidth);
+    for (std::size_t x = 0; x < shownWidth; ++x)
+        perWidth[x] = 1.0f / static_cast<float>(pixelWidths[x]);
+    std::vector<qint64> pixelHeights(static_cast<std::size_t>(area.height()));
+    for (const Overlap& overlap : down)
+        pixelHeights[static_cast<std::size_t>(overlap.pixel - area.top())] += overlap.length;
+    QImage image(area.size(), QImage::Format_RGB32);
+    for (int y = 0; y < area.height(); ++y) {
+        auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const PixelSum* sumRow = sums.data() + static_cast<std::size_t>(y) * shownWidth;
+        const float perHeight =
+            1.0f / static_cast<float>(pixelHeights[static_cast<std::size_t>(y)]);
+        for (std::size_t x = 0; x < shownWidth; ++x)
+            pixels[x] = colourOf(sumRow[x], perWidth[x] * perHeight);
+    }
+    painter.drawImage(area.topLeft(), image);
+}
