@@ -1,3 +1,4 @@
+#include "drawn_level.h"
 #include "editor_window.h"
 #include "level_document.h"
 #include "level_file.h"
@@ -23,30 +24,15 @@ namespace {
 // What a 896 x 641 window showed of a full-size minimap at (10, 17).
 const QRect WindowShown(0, 0, 896 - 10, 641 - 17);
 
-// A whole level drawn by the editor: a wall or a crate on every fifth cell of every third row.
-struct DrawnMinimap {
-    explicit DrawnMinimap(int side) : renderer(level) {
-        level.reset(side, side);
-        for (int y = 2; y < side - 2; y += 3)
-            for (int x = 2; x < side - 2; x += 5)
-                renderer.tools().applyTool(x, y, (x + y) % 3 ? 1 : 25);
-        if (!renderer.repaintGrid()) qFatal("the drawn level holds a code without a picture");
-        renderer.drawFrame(WallToolCode);
-    }
-    MinimapCanvas& minimap() { return renderer.minimap(); }
-    Level level;
-    LevelRenderer renderer;
-};
-
 void BM_MinimapShownFullSize(benchmark::State& state) {
-    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    DrawnLevel drawn(static_cast<int>(state.range(0)));
     QImage target(WindowShown.size(), QImage::Format_RGB32);
     QPainter painter(&target);
     for (auto _ : state) drawn.minimap().paint(painter, WindowShown);
 }
 
 void BM_MinimapShownShrunk(benchmark::State& state) {
-    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    DrawnLevel drawn(static_cast<int>(state.range(0)));
     const MinimapScale scale = minimapScaleFor(drawn.level.width(), drawn.level.height());
     QImage target(drawn.minimap().shownSize(scale), QImage::Format_RGB32);
     QPainter painter(&target);
@@ -55,7 +41,7 @@ void BM_MinimapShownShrunk(benchmark::State& state) {
 
 // One cell's dot changed and the pixels it was told to repaint painted.
 template <typename Paint>
-void dotChanged(benchmark::State& state, DrawnMinimap& drawn, Paint paint) {
+void dotChanged(benchmark::State& state, DrawnLevel& drawn, Paint paint) {
     QRect told;
     drawn.minimap().setChangeListener([&](const QRect& pixels) { told = pixels; });
     int n = 0;
@@ -68,14 +54,14 @@ void dotChanged(benchmark::State& state, DrawnMinimap& drawn, Paint paint) {
 }
 
 void BM_MinimapDotFullSize(benchmark::State& state) {
-    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    DrawnLevel drawn(static_cast<int>(state.range(0)));
     QImage target(WindowShown.size(), QImage::Format_RGB32);
     QPainter painter(&target);
     dotChanged(state, drawn, [&](const QRect& told) { drawn.minimap().paint(painter, told); });
 }
 
 void BM_MinimapDotShrunk(benchmark::State& state) {
-    DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    DrawnLevel drawn(static_cast<int>(state.range(0)));
     const MinimapScale scale = minimapScaleFor(drawn.level.width(), drawn.level.height());
     QImage target(drawn.minimap().shownSize(scale), QImage::Format_RGB32);
     QPainter painter(&target);
@@ -119,7 +105,7 @@ void BM_MinimapRepaintShown(benchmark::State& state) {
 // Open of the drawn level, the whole-level redraw and the window's repaint.
 void BM_OpenLevelShown(benchmark::State& state) {
     ShownEditor editor(static_cast<int>(state.range(0)));
-    const DrawnMinimap drawn(static_cast<int>(state.range(0)));
+    const DrawnLevel drawn(static_cast<int>(state.range(0)));
     if (!writeLevelFile(drawn.level, editor.document.levelFile()).ok())
         return state.SkipWithError("the level file cannot be written");
     for (auto _ : state) {

@@ -1,3 +1,4 @@
+#include "drawn_level.h"
 #include "level_renderer.h"
 #include "map_geometry.h"
 #include "map_surface.h"
@@ -14,21 +15,6 @@
 namespace {
 
 constexpr QSize Screen(1920, 1080);
-
-// A whole level drawn by the editor, with walls, rooms and objects over a quarter of it.
-struct DrawnLevel {
-    explicit DrawnLevel(int side) : renderer(level) {
-        level.reset(side, side);
-        for (int y = 2; y < side - 2; y += 3)
-            for (int x = 2; x < side - 2; x += 5)
-                renderer.tools().applyTool(x, y, (x + y) % 3 ? 1 : 25);
-        if (!renderer.repaintGrid()) qFatal("the drawn level holds a code without a picture");
-        renderer.drawFrame(WallToolCode);
-    }
-    Level level;
-    SpriteSheet sheet = SpriteSheet::builtIn();
-    LevelRenderer renderer;
-};
 
 void BM_PaintVisibleMap(benchmark::State& state) {
     DrawnLevel drawn(static_cast<int>(state.range(0)));

@@ -74,6 +74,24 @@ class WindowTest : public QObject {
         QCOMPARE(editor.window.selectedTool(), code);
         QCOMPARE(editor.outline->size(), outline);
         QVERIFY(button->isChecked() && !editor.part<QToolButton>("toolButton_1")->isChecked());
+        // The pressed entry is outlined in dark blue; a released one is not.
+        const auto edgeOf = [](QWidget* entry) {
+            return entry->grab().toImage().pixelColor(2, 30);
+        };
+        QCOMPARE(edgeOf(button), QColor(0, 0, 64));
+        QVERIFY(edgeOf(editor.part<QToolButton>("toolButton_1")) != QColor(0, 0, 64));
+    }
+
+    // Whatever font stands in for the one asked for, the captions are whole.
+    void captionsFitTheirPlaces() {
+        Editor editor;
+        QList<QWidget*> captioned{editor.part("mouseHintLabel"), editor.part("loadingLabel")};
+        for (QToolButton* entry : editor.window.findChildren<QToolButton*>()) captioned << entry;
+        for (QWidget* widget : captioned) {
+            const QString text = widget->property("text").toString();
+            QVERIFY2(widget->fontMetrics().horizontalAdvance(text) <= widget->width(),
+                     qPrintable(text));
+        }
     }
 
     // Any button drags the strip by its background; the pressed point stays under the
