@@ -1,55 +1,51 @@
 #pragma once
 
 #include <QImage>
-#include <QPoint>
 #include <QProcess>
-#include <QString>
-#include <QStringList>
 #include <QTemporaryDir>
 
-// A private X server (Xvfb) with the editor running in it, driven by real input from xdotool.
-// Its programs get an environment made here, not the caller's: the X tools a UTF-8 locale (they
-// convert window titles and copied text to it, so Czech titles would never match without), a
-// private HOME and XDG_RUNTIME_DIR; the editor the same but with no locale at all, as a fresh
-// container or a service starts it.
+#include <functional>
+
+// A private X server (Xvfb) with the editor in it, driven by real input from xdotool. The X tools
+// get a UTF-8 locale (Czech titles and copied text are converted to it), the editor no locale at
+// all, as a fresh container starts it. Make it before any file that the editor must read.
 class X11Session {
   public:
     X11Session();
-    // Once per test process, before it makes any file: a umask of 022 and the shared /tmp, so
-    // that what the tests make is readable by the editor's ordinary user whatever the caller's
-    // umask or a private TMPDIR (one that only its owner may enter) would be.
-    static void prepareProcess();
     ~X11Session();
-    bool serverUp() const { return server.state() == QProcess::Running; }
+    // Polls until `done` holds; false when the time ran out first.
+    static bool waitUntil(int timeoutMs, const std::function<bool()>& done);
 
-    // Starts the editor in `folder` with `arguments` and waits for its main window. As an
-    // ordinary user, the editor runs as "nobody" when the tests run as root, so that file
-    // permissions hold.
+    // Starts the editor in `folder`, waits for its window. Ordinary: as "nobody" when run as root.
     enum class User { Same, Ordinary };
     bool startEditor(const QString& program, const QString& folder, User user = User::Same,
                      const QStringList& arguments = {});
-    bool editorRunning() const { return editor.state() == QProcess::Running; }
+    bool editorRunning() { return !editor.waitForFinished(0) && editor.processId(); }
+    qint64 editorId() const { return editor.processId(); }
 
-    // Waits until a window with exactly this title exists; its id, or empty.
-    QString waitForWindow(const QString& title, int timeoutMs = 20000);
-    bool windowGone(const QString& title, int timeoutMs = 5000);
-
-    // Client-area origin of the main window on the screen.
-    QPoint clientOrigin();
-    QPoint windowOrigin(const QString& window);
-    void resizeEditor(int width, int height);
-    void click(QPoint screen, int button = 1);
-    void drag(QPoint from, QPoint to, int button = 1);
-    void key(const QString& keys);
-    bool xdotool(const QStringList& arguments, QByteArray* output = nullptr);
-    QImage screenshot();
-    // The text shown in the message box with this title, copied from the screen.
+    // Waits for the box with this title, presses Return (its default button), waits till it goes.
+    bool closeBox(const QString& title);
+    // The text shown in the box with this title, copied from the screen.
     QString messageText(const QString& title);
 
+    QPoint clientOrigin() { return windowOrigin(mainWindow); }  // the main window's, on screen
+    void resizeEditor(int width, int height);
+    void click(QPoint screen);
+    void drag(QPoint from, QPoint to);
+    void key(const QString& keys);
+    bool run(const QString& program, const QStringList& arguments, QByteArray* output = nullptr);
+    bool xdotool(const QStringList& arguments, QByteArray* output = nullptr) {
+        return run("xdotool", arguments, output);
+    }
+    QImage screenshot();
+
   private:
+    QString waitForWindow(const QString& title);  // its id once it shows, or empty
+    QPoint windowOrigin(const QString& window);
+    bool windowShown(const QString& title, QByteArray* ids = nullptr);
+
     QTemporaryDir scratch;  // HOME and XDG_RUNTIME_DIR; outlives the processes below
     QProcessEnvironment environment;
-    QProcess server;
-    QProcess editor;
+    QProcess server, editor;
     QString mainWindow;
 };
