@@ -8,7 +8,8 @@
 #include <QLibrary>
 
 int runRender(const Invocation& invocation) {
-    // The module lies beside the program in a build, under the library folder once installed.
+    // The module lies beside the program in a build, under libexec once installed (a private
+    // module: no ldconfig).
     const QDir programs(QCoreApplication::applicationDirPath());
     QLibrary module(programs.filePath(QStringLiteral(VARNOK_RENDER_MODULE)));
     if (!module.load())

@@ -13,7 +13,7 @@ check() {
     out=$("$@" 2>&1) || { echo "FAILED: $*"; echo "$out"; failed=1; }
 }
 share=$prefix/share
-expected=(bin/varnok-editor bin/varnok-level lib/varnok/varnok-level-render.so
+expected=(bin/varnok-editor bin/varnok-level libexec/varnok/varnok-level-render.so
           share/applications/$id.desktop share/mime/packages/$id.xml
           share/metainfo/$id.metainfo.xml share/man/man1/varnok-editor.1.gz
           share/man/man1/varnok-level.1.gz)
