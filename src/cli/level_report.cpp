@@ -1,6 +1,7 @@
 #include "level_report.h"
 
-#include "editor_texts.h"
+#include "level.h"
+
 #include "level_file.h"
 
 #include <QFileInfo>
@@ -55,6 +56,6 @@ LevelReport reportLevel(const QString& path, Level& level) {
     if (containsHero(level))
         report.hero = level.hero();
     else
-        report.messages << EditorTexts::NoHero;
+        report.messages << QString::fromUtf8(NoHeroMessage);
     return report;
 }

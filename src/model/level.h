@@ -76,6 +76,8 @@ bool isWallAt(const Level& level, int x, int y);
 
 // Whether the level proper holds the hero's start anywhere: what Save asks for.
 bool containsHero(const Level& level);
+// What Save, and the level check, tell when it does not.
+inline constexpr char NoHeroMessage[] = "Je nutné umístit počáteční pozici hrdiny";
 
 // The first cell, column by column and the margin included, whose code has no picture: where
 // the whole-level redraw stops.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "level.h"
+
 #include <QString>
 
 // The editor's own texts, exactly as the user sees them.
@@ -8,7 +10,7 @@ namespace EditorTexts {
 inline const QString SaveQuestion =
     QStringLiteral("Chcete tento level uložit a tím přepsat předcházející?");
 inline const QString SaveTitle = QStringLiteral("Uložit přes starý");
-inline const QString NoHero = QStringLiteral("Je nutné umístit počáteční pozici hrdiny");
+inline const QString NoHero = QString::fromUtf8(NoHeroMessage);
 inline const QString NoHeroTitle = QStringLiteral("Pozor");
 inline const QString OpenQuestion =
     QStringLiteral("Chcete otevřít předcházející level, a tím o tento přijít?");
