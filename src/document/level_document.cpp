@@ -1,5 +1,7 @@
 #include "level_document.h"
 
+#include <functional>
+
 #include "paint_stroke.h"
 #include "replace_level.h"
 
@@ -115,16 +117,15 @@ void LevelDocument::showKeptLevel(const ShownLevel& shown) {
 }
 
 void LevelDocument::undo() {
-    if (!steps.canUndo()) return;
-    steps.undo();
-    emit steppedThroughHistory();
-    if (const auto shown = std::exchange(shownByStep, std::nullopt))
-        emit levelReplaced(shown->first, shown->second);
+    if (steps.canUndo()) stepThroughHistory([this] { steps.undo(); });
 }
 
 void LevelDocument::redo() {
-    if (!steps.canRedo()) return;
-    steps.redo();
+    if (steps.canRedo()) stepThroughHistory([this] { steps.redo(); });
+}
+
+void LevelDocument::stepThroughHistory(const std::function<void()>& step) {
+    step();
     emit steppedThroughHistory();
     if (const auto shown = std::exchange(shownByStep, std::nullopt))
         emit levelReplaced(shown->first, shown->second);

@@ -6,6 +6,8 @@
 #include "level_snapshot.h"
 #include "sprite_sheet.h"
 
+#include <functional>
+
 #include <QDir>
 #include <QObject>
 #include <QString>
@@ -93,6 +95,7 @@ class LevelDocument : public QObject {
     void dropOldestSteps();
     bool strokeOnTop() const;
     void showKeptLevel(const ShownLevel& shown);
+    void stepThroughHistory(const std::function<void()>& step);
     HistoryStep* stepAt(int index) const;
 
     QString levelPath;
