@@ -104,11 +104,11 @@ bool LevelDocument::strokeOnTop() const {
 
 void LevelDocument::recordReplacement(const LevelView& shownBefore, const LevelView& shownNow) {
     if (!replacedLevel) return;
-    auto levels = std::make_shared<const ReplaceLevel::Levels>(ReplaceLevel::Levels{
-        {std::move(*replacedLevel), shownBefore}, {{currentLevel, renderer}, shownNow}});
+    ShownLevel before{std::move(*replacedLevel), shownBefore};
     replacedLevel.reset();
     push(std::make_unique<ReplaceLevel>([this](const ShownLevel& shown) { showKeptLevel(shown); },
-                                        std::move(levels)));
+                                        [this] { return LevelSnapshot(currentLevel, renderer); },
+                                        std::move(before), shownNow));
 }
 
 void LevelDocument::showKeptLevel(const ShownLevel& shown) {
@@ -117,7 +117,14 @@ void LevelDocument::showKeptLevel(const ShownLevel& shown) {
 }
 
 void LevelDocument::undo() {
-    if (steps.canUndo()) stepThroughHistory([this] { steps.undo(); });
+    if (!steps.canUndo()) return;
+    // A New or Open keeps the level it left at its first undo, so its size grows then.
+    const HistoryStep* undone = stepAt(steps.index() - 1);
+    const std::size_t bytes = undone->bytes();
+    stepThroughHistory([&] {
+        steps.undo();
+        keptBytes = keptBytes - bytes + undone->bytes();
+    });
 }
 
 void LevelDocument::redo() {

@@ -6,12 +6,23 @@ std::size_t viewBytes(const LevelView& view) {
 }
 }  // namespace
 
+ReplaceLevel::ReplaceLevel(Show show, Keep keep, ShownLevel before, LevelView afterView)
+    : ReplaceLevel(std::move(show), std::move(keep),
+                   std::make_shared<Levels>(Levels{std::move(before), std::move(afterView), {}})) {}
+
+void ReplaceLevel::undo() {
+    // Every later step is undone by now, so the document holds the level exactly as this step
+    // left it: New and Open need not pack it, and most of them are never undone.
+    if (!levels->after) levels->after = ShownLevel{keep(), levels->afterView};
+    show(levels->before);
+}
+
 std::size_t ReplaceLevel::bytes() const {
+    const std::size_t after = levels->after ? levels->after->snapshot.bytes() : 0;
     return sizeof(ReplaceLevel) + QtShare + sizeof(Levels) + levels->before.snapshot.bytes() +
-           levels->after.snapshot.bytes() + viewBytes(levels->before.view) +
-           viewBytes(levels->after.view);
+           after + viewBytes(levels->before.view) + viewBytes(levels->afterView);
 }
 
 std::unique_ptr<HistoryStep> ReplaceLevel::copy() const {
-    return std::make_unique<ReplaceLevel>(show, levels);
+    return std::unique_ptr<HistoryStep>(new ReplaceLevel(show, keep, levels));
 }

@@ -4,6 +4,7 @@
 #include "level_snapshot.h"
 
 #include <functional>
+#include <optional>
 
 // A level and what the window showed with it.
 struct ShownLevel {
@@ -15,24 +16,30 @@ struct ShownLevel {
 // included, so that neither undo nor redo draws a frame or a new wall piece.
 class ReplaceLevel : public HistoryStep {
   public:
-    struct Levels {
-        ShownLevel before;
-        ShownLevel after;
-    };
-    // `show` brings a kept level back into the document.
+    // `show` brings a kept level back into the document; `keep` takes the document's level
+    // as it is now.
     using Show = std::function<void(const ShownLevel&)>;
+    using Keep = std::function<LevelSnapshot()>;
 
-    ReplaceLevel(Show show, std::shared_ptr<const Levels> levels)
-        : show(std::move(show)), levels(std::move(levels)) {}
+    ReplaceLevel(Show show, Keep keep, ShownLevel before, LevelView afterView);
 
-    void undo() override { show(levels->before); }
+    void undo() override;
     std::size_t bytes() const override;
     std::unique_ptr<HistoryStep> copy() const override;
 
   protected:
-    void redoEdit() override { show(levels->after); }
+    void redoEdit() override { show(*levels->after); }
 
   private:
+    struct Levels {
+        ShownLevel before;
+        LevelView afterView;
+        std::optional<ShownLevel> after;  // kept at the first undo
+    };
+    ReplaceLevel(Show show, Keep keep, std::shared_ptr<Levels> levels)
+        : show(std::move(show)), keep(std::move(keep)), levels(std::move(levels)) {}
+
     Show show;
-    std::shared_ptr<const Levels> levels;
+    Keep keep;
+    std::shared_ptr<Levels> levels;
 };
