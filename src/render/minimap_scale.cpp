@@ -74,13 +74,12 @@ const QRgb* nextNotFloor(const QRgb* from, const QRgb* end) {
 
 // The dots under one shown pixel that are not floor, each weighted by the area it covers.
 // The weights are whole numbers, and so are the sums as long as they stay below 2^24.
+// Weight, red, green and blue side by side, so that one dot is added in one vector step.
 struct PixelSum {
-    float covered = 0;
-    float red = 0;
-    float green = 0;
-    float blue = 0;
+    std::array<float, 4> weighted{};
     bool figure = false;
     bool item = false;
+    float covered() const { return weighted[0]; }
 };
 
 // The colour of a shown pixel, from its sums and one over its area. A figure under it makes
@@ -90,17 +89,17 @@ struct PixelSum {
 QRgb colourOf(const PixelSum& sum, float perArea) {
     if (sum.figure) return FigureDotColour;
     if (sum.item) return ItemDotColour;
-    if (sum.covered == 0) return MinimapBackground;
-    const float share = sum.covered * perArea;
-    const float perWeight = share >= 0.5f ? perArea : 0.5f / sum.covered;
+    if (sum.covered() == 0) return MinimapBackground;
+    const float share = sum.covered() * perArea;
+    const float perWeight = share >= 0.5f ? perArea : 0.5f / sum.covered();
     const float floorShare = 1 - std::max(share, 0.5f);
     auto channel = [&](float weighted, int floor) {
         return static_cast<int>(static_cast<float>(floor) * floorShare + weighted * perWeight +
                                 0.5f);
     };
-    return qRgb(channel(sum.red, qRed(MinimapBackground)),
-                channel(sum.green, qGreen(MinimapBackground)),
-                channel(sum.blue, qBlue(MinimapBackground)));
+    return qRgb(channel(sum.weighted[1], qRed(MinimapBackground)),
+                channel(sum.weighted[2], qGreen(MinimapBackground)),
+                channel(sum.weighted[3], qBlue(MinimapBackground)));
 }
 }  // namespace
 
@@ -144,63 +143,56 @@ void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, Minimap
     const QRect area = exposed.intersected(QRect(QPoint(0, 0), shownSize(scale)));
     if (area.isEmpty()) return;
     const std::vector<Overlap> across = overlapsOf(area.left(), area.right(), width, scale);
-    const std::vector<Overlap> down = overlapsOf(area.top(), area.bottom(), height, scale);
     const std::vector<std::size_t> acrossByCell = overlapsByCell(across);
-    const std::vector<std::size_t> downByCell = overlapsByCell(down);
     const int firstColumn = across.front().cell;
-    const int firstRow = down.front().cell;
     const auto shownWidth = static_cast<std::size_t>(area.width());
+    std::vector<float> acrossLengths(across.size());
+    for (std::size_t a = 0; a < across.size(); ++a)
+        acrossLengths[a] = static_cast<float>(across[a].length);
 
-    // Each cell row is read once, and only its dots that are not floor are spread over the
-    // pixels they cover.
-    std::vector<PixelSum> sums(shownWidth * static_cast<std::size_t>(area.height()));
-    for (std::size_t row = 0; row + 1 < downByCell.size(); ++row) {
-        const QRgb* line =
-            dots.data() + (static_cast<std::size_t>(firstRow) + row) * (width + 1) + firstColumn;
-        const QRgb* const end = line + (acrossByCell.size() - 1);
-        for (const QRgb* dot = nextNotFloor(line, end); dot < end;
-             dot = nextNotFloor(dot + 1, end)) {
-            const auto column = static_cast<std::size_t>(dot - line);
-            const auto red = static_cast<float>(qRed(*dot));
-            const auto green = static_cast<float>(qGreen(*dot));
-            const auto blue = static_cast<float>(qBlue(*dot));
-            const bool figure = *dot == FigureDotColour;
-            const bool item = *dot == ItemDotColour;
-            for (std::size_t d = downByCell[row]; d < downByCell[row + 1]; ++d) {
-                PixelSum* sumRow =
-                    sums.data() + static_cast<std::size_t>(down[d].pixel - area.top()) * shownWidth;
-                for (std::size_t a = acrossByCell[column]; a < acrossByCell[column + 1]; ++a) {
-                    PixelSum& sum = sumRow[across[a].pixel - area.left()];
-                    const auto weight = static_cast<float>(down[d].length * across[a].length);
-                    sum.covered += weight;
-                    sum.red += weight * red;
-                    sum.green += weight * green;
-                    sum.blue += weight * blue;
-                    sum.figure = sum.figure || figure;
-                    sum.item = sum.item || item;
-                }
-            }
-        }
-    }
-
-    // One over each pixel's width and height, for its share of what is not floor.
+    // One over each pixel's width, for its share of what is not floor.
     std::vector<qint64> pixelWidths(shownWidth);
     for (const Overlap& overlap : across)
         pixelWidths[static_cast<std::size_t>(overlap.pixel - area.left())] += overlap.length;
     std::vector<float> perWidth(shownWidth);
     for (std::size_t x = 0; x < shownWidth; ++x)
         perWidth[x] = 1.0f / static_cast<float>(pixelWidths[x]);
-    std::vector<qint64> pixelHeights(static_cast<std::size_t>(area.height()));
-    for (const Overlap& overlap : down)
-        pixelHeights[static_cast<std::size_t>(overlap.pixel - area.top())] += overlap.length;
+
+    // A row of pixels at a time, so that its sums stay in the cache: the dots that are not
+    // floor in the cell rows under it are spread over the pixels they cover.
     QImage image(area.size(), QImage::Format_RGB32);
+    std::vector<PixelSum> sums(shownWidth);
     for (int y = 0; y < area.height(); ++y) {
+        std::fill(sums.begin(), sums.end(), PixelSum{});
+        qint64 pixelHeight = 0;
+        for (const Overlap& down : overlapsOf(area.top() + y, area.top() + y, height, scale)) {
+            pixelHeight += down.length;
+            const auto downLength = static_cast<float>(down.length);
+            const QRgb* line =
+                dots.data() + static_cast<std::size_t>(down.cell) * (width + 1) + firstColumn;
+            const QRgb* const end = line + (acrossByCell.size() - 1);
+            for (const QRgb* dot = nextNotFloor(line, end); dot < end;
+                 dot = nextNotFloor(dot + 1, end)) {
+                const auto column = static_cast<std::size_t>(dot - line);
+                const std::array<float, 4> values{1, static_cast<float>(qRed(*dot)),
+                                                  static_cast<float>(qGreen(*dot)),
+                                                  static_cast<float>(qBlue(*dot))};
+                const bool figure = *dot == FigureDotColour;
+                const bool item = *dot == ItemDotColour;
+                for (std::size_t a = acrossByCell[column]; a < acrossByCell[column + 1]; ++a) {
+                    PixelSum& sum = sums[static_cast<std::size_t>(across[a].pixel - area.left())];
+                    const float weight = downLength * acrossLengths[a];
+                    for (std::size_t i = 0; i < values.size(); ++i)
+                        sum.weighted[i] += weight * values[i];
+                    sum.figure = sum.figure || figure;
+                    sum.item = sum.item || item;
+                }
+            }
+        }
         auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(y));
-        const PixelSum* sumRow = sums.data() + static_cast<std::size_t>(y) * shownWidth;
-        const float perHeight =
-            1.0f / static_cast<float>(pixelHeights[static_cast<std::size_t>(y)]);
+        const float perHeight = 1.0f / static_cast<float>(pixelHeight);
         for (std::size_t x = 0; x < shownWidth; ++x)
-            pixels[x] = colourOf(sumRow[x], perWidth[x] * perHeight);
+            pixels[x] = colourOf(sums[x], perWidth[x] * perHeight);
     }
     painter.drawImage(area.topLeft(), image);
 }
