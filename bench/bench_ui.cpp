@@ -88,6 +88,9 @@ void paintStroke(benchmark::State& state, MapViewport& viewport, CellOf cell) {
     state.counters["per_event"] =
         benchmark::Counter(double(state.iterations()) * 100,
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    // A scroll moves the whole shown map, so its cost follows the viewport's size.
+    state.counters["view_width"] = viewport.placement().width;
+    state.counters["view_height"] = viewport.placement().height;
 }
 
 // A stroke inside the shown part of the map, clear of the edges that scroll it.
