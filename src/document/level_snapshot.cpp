@@ -79,11 +79,11 @@ bool dotRowAgrees(const qint16* codes, const QRgb* dots, int count) {
     QRgb differs = 0;
     int x = 0;
     for (; x + Block <= count; x += Block) {
-        quint16 notFloorCode = 0;
-        for (int i = 0; i < Block; ++i) notFloorCode |= static_cast<quint16>(codes[x + i]);
+        int notFloorCode = 0;
+        for (int i = 0; i < Block; ++i) notFloorCode |= codes[x + i] ^ FloorCode;
         QRgb notFloorDot = 0;
         for (int i = 0; i < Block; ++i) notFloorDot |= dots[x + i] ^ floor;
-        if (notFloorCode != FloorCode || notFloorDot != 0)
+        if (notFloorCode != 0 || notFloorDot != 0)
             dotRowDifference(codes + x, dots + x, Block, [&](int, QRgb dot) { differs |= dot; });
     }
     dotRowDifference(codes + x, dots + x, count - x, [&](int, QRgb dot) { differs |= dot; });
