@@ -1,25 +1,23 @@
 #include "drawn_level.h"
-#include "editor_window.h"
-#include "level_document.h"
 #include "level_file.h"
 #include "level_renderer.h"
-#include "map_viewport.h"
-#include "recording_dialogs.h"
+#include "shown_editor.h"
 #include "tile_codes.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
 #include <QImage>
-#include <QLineEdit>
 #include <QPainter>
-#include <QTemporaryDir>
 
 // The minimap of a large level before it was shrunk (full size, 6 pixels a cell, of which a
 // window shows only a part) and after (the whole level in the 240-pixel box), and the events
 // of the editor window that repaint it.
 
 namespace {
+
+// The editor window's design size.
+const QSize DesignSize(896, 641);
 
 // What a 896 x 641 window showed of a full-size minimap at (10, 17).
 const QRect WindowShown(0, 0, 896 - 10, 641 - 17);
@@ -70,41 +68,25 @@ void BM_MinimapDotShrunk(benchmark::State& state) {
     });
 }
 
-// The editor in its design size, shown, with a new level of the given side.
-struct ShownEditor {
-    explicit ShownEditor(int side) {
-        window.show();
-        window.findChild<QLineEdit*>("widthField")->setText(QString::number(side));
-        window.findChild<QLineEdit*>("heightField")->setText(QString::number(side));
-        newLevel();
-    }
-    void newLevel() {
-        window.newLevel();
-        QCoreApplication::processEvents();
-    }
-    MapViewport& viewport() { return *window.findChild<MapViewport*>("mapViewport"); }
-    QTemporaryDir folder;
-    RecordingDialogs dialogs;
-    LevelDocument document{QDir(folder.path())};
-    EditorWindow window{document, dialogs};
-};
-
 // New, the whole-level redraw and the window's repaint.
 void BM_NewLevelShown(benchmark::State& state) {
-    ShownEditor editor(static_cast<int>(state.range(0)));
-    for (auto _ : state) editor.newLevel();
+    ShownEditor editor(static_cast<int>(state.range(0)), DesignSize);
+    for (auto _ : state) {
+        editor.window.newLevel();
+        QCoreApplication::processEvents();
+    }
 }
 
 // The whole minimap of a shown window repainted at once, as when the window was covered.
 void BM_MinimapRepaintShown(benchmark::State& state) {
-    ShownEditor editor(static_cast<int>(state.range(0)));
+    ShownEditor editor(static_cast<int>(state.range(0)), DesignSize);
     QWidget* minimap = editor.window.findChild<QWidget*>("minimapSurface");
     for (auto _ : state) minimap->repaint();
 }
 
 // Open of the drawn level, the whole-level redraw and the window's repaint.
 void BM_OpenLevelShown(benchmark::State& state) {
-    ShownEditor editor(static_cast<int>(state.range(0)));
+    ShownEditor editor(static_cast<int>(state.range(0)), DesignSize);
     const DrawnLevel drawn(static_cast<int>(state.range(0)));
     if (!writeLevelFile(drawn.level, editor.document.levelFile()).ok())
         return state.SkipWithError("the level file cannot be written");
@@ -118,8 +100,8 @@ void BM_OpenLevelShown(benchmark::State& state) {
 // A right-button drag step of a cell, up and down in turn, and the repaints it causes: the
 // view, and the minimap under the frame's old and new place.
 void BM_DragStepShown(benchmark::State& state) {
-    ShownEditor editor(static_cast<int>(state.range(0)));
-    MapViewport& viewport = editor.viewport();
+    ShownEditor editor(static_cast<int>(state.range(0)), DesignSize);
+    MapViewport& viewport = *editor.viewport;
     viewport.mapPressed(Qt::RightButton, {1000, 1000});
     int n = 0;
     for (auto _ : state) {
@@ -131,11 +113,11 @@ void BM_DragStepShown(benchmark::State& state) {
 // A left-button move into a new cell inside the view: the cell painted, map and minimap
 // repainted there.
 void BM_PaintCellShown(benchmark::State& state) {
-    ShownEditor editor(static_cast<int>(state.range(0)));
+    ShownEditor editor(static_cast<int>(state.range(0)), DesignSize);
     int n = 0;
     for (auto _ : state) {
         const int cell = 3 + n++ % 5;
-        editor.viewport().mapMoved(Qt::LeftButton, {64.0 * cell + 32, 64.0 * 3 + 32});
+        editor.viewport->mapMoved(Qt::LeftButton, {64.0 * cell + 32, 64.0 * 3 + 32});
         QCoreApplication::processEvents();
     }
 }

@@ -2,8 +2,7 @@
 #include "level_renderer.h"
 #include "map_geometry.h"
 #include "map_surface.h"
-#include "map_viewport.h"
-#include "mouse.h"
+#include "shown_editor.h"
 #include "tile_codes.h"
 
 #include <benchmark/benchmark.h>
@@ -62,15 +61,6 @@ void BM_ApplyToolInWalls(benchmark::State& state) {
     for (auto _ : state) drawn.renderer.tools().applyTool(20, 20, WallToolCode);
 }
 
-// A shown 1920 x 1080 window holding a level of the given side, read at start-up.
-struct ShownEditor : Editor {
-    explicit ShownEditor(int side) : Editor(QSize(side, side)) {
-        window.resize(Screen);
-        window.show();
-        QCoreApplication::processEvents();
-    }
-};
-
 // Left-button moves into 100 new cells, each followed by the repaints it scheduled; `cell`
 // gives the map cell of the i-th event.
 template <typename CellOf>
@@ -96,13 +86,7 @@ void paintStroke(benchmark::State& state, MapViewport& viewport, CellOf cell) {
 // A stroke inside the shown part of the map, clear of the edges that scroll it.
 void BM_PaintStroke(benchmark::State& state) {
     ShownEditor editor(static_cast<int>(state.range(0)));
-    const Placement map = editor.viewport->mapPlacement();
-    const Placement view = editor.viewport->placement();
-    const int reach = static_cast<int>(EdgeMargin) + TileSize;
-    const QRect cells(QPoint(static_cast<int>(-map.left + reach) / TileSize,
-                             static_cast<int>(-map.top + reach) / TileSize),
-                      QPoint(static_cast<int>(-map.left + view.width - reach) / TileSize - 1,
-                             static_cast<int>(-map.top + view.height - reach) / TileSize - 1));
+    const QRect cells = shownCells(*editor.viewport);
     if (cells.width() * cells.height() < 2) return state.SkipWithError("map view too small");
     paintStroke(state, *editor.viewport, [&](int i, int pass) {
         const int n = i + 100 * pass;

@@ -1,15 +1,11 @@
-#include "editor_window.h"
 #include "level_document.h"
-#include "map_geometry.h"
-#include "map_viewport.h"
-#include "recording_dialogs.h"
+#include "shown_editor.h"
 #include "tile_codes.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QLineEdit>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
@@ -23,38 +19,6 @@ double microseconds(Clock::duration time) {
     return std::chrono::duration<double, std::micro>(time).count();
 }
 
-// A shown 1920 x 1080 editor holding a new level of the given side, in a folder of its own.
-struct ShownEditor {
-    explicit ShownEditor(int side) {
-        window.startUp();
-        newLevel(side);
-        window.resize(1920, 1080);
-        QCoreApplication::processEvents();
-    }
-    void newLevel(int side) {
-        window.findChild<QLineEdit*>("widthField")->setText(QString::number(side));
-        window.findChild<QLineEdit*>("heightField")->setText(QString::number(side));
-        window.newLevel();
-    }
-    MapViewport& viewport() const { return *window.findChild<MapViewport*>("mapViewport"); }
-
-    QTemporaryDir folder;
-    RecordingDialogs dialogs;
-    LevelDocument document{QDir(folder.path())};
-    EditorWindow window{document, dialogs};
-};
-
-// The shown cells clear of the edges that scroll the map.
-QRect shownCells(const MapViewport& viewport) {
-    const Placement map = viewport.mapPlacement();
-    const Placement view = viewport.placement();
-    const int reach = static_cast<int>(EdgeMargin) + TileSize;
-    return {QPoint(static_cast<int>(-map.left + reach) / TileSize,
-                   static_cast<int>(-map.top + reach) / TileSize),
-            QPoint(static_cast<int>(-map.left + view.width - reach) / TileSize - 1,
-                   static_cast<int>(-map.top + view.height - reach) / TileSize - 1)};
-}
-
 // Left-button moves into 100 new cells with the wall tool, each followed by the repaints it
 // scheduled; recorded, they run from a press to a release. The time of the moves alone.
 Clock::duration stroke(ShownEditor& editor, const QRect& cells, int& next, bool recorded) {
@@ -63,8 +27,8 @@ Clock::duration stroke(ShownEditor& editor, const QRect& cells, int& next, bool 
     for (int i = 0; i < 100; ++i, ++next) {
         const QPoint at =
             cells.topLeft() + QPoint(next % cells.width(), (next / cells.width()) % cells.height());
-        editor.viewport().mapMoved(Qt::LeftButton,
-                                   QPointF(TileSize * at.x() + 32, TileSize * at.y() + 32));
+        editor.viewport->mapMoved(Qt::LeftButton,
+                                  QPointF(TileSize * at.x() + 32, TileSize * at.y() + 32));
         QCoreApplication::processEvents();
     }
     const Clock::duration time = Clock::now() - start;
@@ -76,7 +40,7 @@ Clock::duration stroke(ShownEditor& editor, const QRect& cells, int& next, bool 
 // machine; the added share is the recording's cost per event.
 void BM_StrokeRecording(benchmark::State& state) {
     ShownEditor editor(static_cast<int>(state.range(0)));
-    const QRect cells = shownCells(editor.viewport());
+    const QRect cells = shownCells(*editor.viewport);
     Clock::duration plain{}, recorded{};
     int next = 0;
     for (auto _ : state) {
@@ -93,7 +57,7 @@ void BM_StrokeRecording(benchmark::State& state) {
 // repaints it schedules.
 void BM_UndoRedoStroke(benchmark::State& state) {
     ShownEditor editor(256);
-    const QRect cells = shownCells(editor.viewport());
+    const QRect cells = shownCells(*editor.viewport);
     int next = 0;
     stroke(editor, cells, next, true);
     Clock::duration undo{}, redo{};
@@ -118,7 +82,6 @@ void BM_UndoNew(benchmark::State& state) {
     ShownEditor editor(1000);
     for (auto _ : state) {
         editor.newLevel(1000);
-        QCoreApplication::processEvents();
         const Clock::time_point start = Clock::now();
         editor.document.undo();
         QCoreApplication::processEvents();

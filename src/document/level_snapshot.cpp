@@ -144,6 +144,7 @@ bool LevelSnapshot::restore(Level& level, LevelRenderer& renderer) const {
         const auto difference = unpacked<QRgb>(dots, columns * (std::size_t(height) + 1));
         std::vector<QRgb> row(columns);
         for (int y = 0; y <= height; ++y) {
+            // A kept difference against the own colours gives back the dot it was taken from.
             dotRowDifference(level.row(y), difference.data() + y * columns, int(columns),
                              [&row](int x, QRgb dot) { row[std::size_t(x)] = dot; });
             renderer.minimap().drawDotRow(y, row.data(), width + 1);
