@@ -9,11 +9,7 @@
 #include <QSignalBlocker>
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
-    : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
-    renderer.sprites().setWriteListener([this](const CellWrite& write) {
-        if (recording) recording->writes.push_back(write);
-    });
-}
+    : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {}
 
 LevelDocument::LevelDocument(const QDir& folder, QObject* parent)
     : LevelDocument(folder.filePath(LevelFileName), folder.filePath(SpriteSheetFileName), parent) {}
@@ -42,6 +38,7 @@ LevelReadResult LevelDocument::open() {
 void LevelDocument::replaceLevel(Level next) {
     replacedLevel.emplace(currentLevel, renderer);
     currentLevel = std::move(next);
+    renderer.sprites().forgetShownGrid();
 }
 
 LevelWriteResult LevelDocument::save() const {
@@ -67,9 +64,11 @@ void LevelDocument::applyTool(int x, int y, int tool) {
         openStroke->drawingBefore = renderer.minimap().drawingColour();
     }
     const std::size_t capacity = openStroke->writes.capacity();
-    recording = openStroke.get();
+    // Only a stroke's writes are told: the painter then skips reading every cell twice.
+    renderer.sprites().setWriteListener(
+        [record = openStroke.get()](const CellWrite& write) { record->writes.push_back(write); });
     renderer.tools().applyTool(x, y, tool);
-    recording = nullptr;
+    renderer.sprites().setWriteListener({});
     openStroke->heroAfter = currentLevel.hero();
     openStroke->drawingAfter = renderer.minimap().drawingColour();
     if (!first)

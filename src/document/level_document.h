@@ -108,7 +108,6 @@ class LevelDocument : public QObject {
     std::optional<LevelSnapshot> replacedLevel;  // the level before the last New or Open
     bool strokeOpen = false;
     std::shared_ptr<StrokeRecord> openStroke;  // the open stroke's record since its first write
-    StrokeRecord* recording = nullptr;         // while applyTool writes into a stroke
     std::optional<std::pair<LevelView, bool>> shownByStep;  // told once the step is over
     std::size_t historyLimit = HistoryByteLimit;
     std::size_t keptBytes = 0;

@@ -116,6 +116,7 @@ LevelSnapshot::LevelSnapshot(const Level& level, const LevelRenderer& renderer)
     // The level before the first New or Open has no cells yet: it comes back as an empty one.
     if (!level.contains(0, 0)) return;
     grid = pack(level.row(0), std::size_t(width + 1) * std::size_t(height + 1));
+    if (renderer.sprites().showsGrid()) return;  // as nearly always: nothing to look for
     mapCells = mapDifference(level, renderer.map());
     dots = dotDifference(level, renderer.minimap());
 }
@@ -150,6 +151,7 @@ bool LevelSnapshot::restore(Level& level, LevelRenderer& renderer) const {
             renderer.minimap().drawDotRow(y, row.data(), width + 1);
         }
     }
+    if (!mapCells.isEmpty() || !dots.isEmpty()) renderer.sprites().forgetShownGrid();
     renderer.minimap().setDrawingColour(drawingColour);
     return painted;
 }

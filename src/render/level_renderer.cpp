@@ -10,8 +10,6 @@ LevelRenderer::LevelRenderer(Level& level, QRgb minimapDrawingColour)
 
 bool LevelRenderer::repaintGrid() {
     minimapCanvas.resize(level.width(), level.height());
-    minimapCanvas.clear();
-    mapCanvas.clear();
     mapCanvas.resize(level.width(), level.height());
     return spritePainter.paintWholeGrid();
 }

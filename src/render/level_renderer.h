@@ -15,9 +15,9 @@ class LevelRenderer {
     LevelRenderer(const LevelRenderer&) = delete;
     LevelRenderer& operator=(const LevelRenderer&) = delete;
 
-    // The first half of a whole-level redraw: sizes and clears both canvases and paints every
-    // cell from the grid, the margin included. False when a code without a picture stopped
-    // it; the cells painted before it stay.
+    // The first half of a whole-level redraw: sizes both canvases and paints every cell from
+    // the grid, the margin included. False when a code without a picture stopped it; the
+    // cells painted before it stay, the rest show the background.
     [[nodiscard]] bool repaintGrid();
     // The second half: the wall frame one cell inside the level's edge, drawn with `tool`
     // along the top and bottom rows, then the left and right columns.
@@ -28,6 +28,7 @@ class LevelRenderer {
     MinimapCanvas& minimap() { return minimapCanvas; }
     const MinimapCanvas& minimap() const { return minimapCanvas; }
     SpritePainter& sprites() { return spritePainter; }
+    const SpritePainter& sprites() const { return spritePainter; }
     ToolPainter& tools() { return toolPainter; }
     RandomGenerator& random() { return generator; }
     const RandomGenerator& random() const { return generator; }

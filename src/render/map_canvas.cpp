@@ -14,11 +14,6 @@ void MapCanvas::resize(int columns, int rows) {
     if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
 }
 
-void MapCanvas::clear() {
-    std::fill(cells.begin(), cells.end(), Cleared);
-    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
-}
-
 void MapCanvas::drawCell(int x, int y, int sheetCell) {
     if (x < 0 || x >= width || y < 0 || y >= height) return;
     cells[static_cast<std::size_t>(y) * width + x] = static_cast<qint16>(sheetCell);

@@ -21,7 +21,6 @@ class MapCanvas {
     // A surface of columns x rows map cells (64 pixels each): all cleared when the size
     // changes, kept as they are when it does not.
     void resize(int columns, int rows);
-    void clear();
     int columns() const { return width; }
     int rows() const { return height; }
     QSize pixelSize() const { return {width * TileSize, height * TileSize}; }

@@ -23,10 +23,22 @@ bool SpritePainter::paintSprite(int x, int y, int code) {
 bool SpritePainter::store(int x, int y, int code) {
     level.setCell(x, y, static_cast<qint16>(code));
     const int stored = level.cell(x, y);
-    if (!hasPicture(stored)) return false;
+    if (!hasPicture(stored)) {
+        gridShown = false;
+        return false;
+    }
     map.drawCell(x, y, stored);
     plotMinimapCell(minimap, x, y, code);
+    gridShown = gridShown && showsCode(x, y);
     return true;
+}
+
+bool SpritePainter::showsCode(int x, int y) const {
+    const qint16 code = level.cell(x, y);
+    if (!hasPicture(code)) return false;
+    const QRgb own = ownDotColours()[static_cast<std::size_t>(code)];
+    const bool onMap = x < map.columns() && y < map.rows();
+    return own != NoOwnColour && minimap.dotAt(x, y) == own && (!onMap || map.cellAt(x, y) == code);
 }
 
 CellState SpritePainter::cellState(int x, int y) const {
@@ -37,6 +49,7 @@ void SpritePainter::restoreCell(int x, int y, const CellState& state) {
     level.setCell(x, y, state.code);
     map.drawCell(x, y, state.mapCell);
     minimap.setDot(x, y, state.dot);
+    gridShown = gridShown && showsCode(x, y);
 }
 
 void SpritePainter::paintRoom(int x, int y, int room) {
@@ -57,8 +70,11 @@ bool SpritePainter::paintWholeGrid() {
     const std::optional<QPoint> failingCell = firstCellWithoutPicture(level);
     const bool fails = failingCell.has_value();
     const QPoint failing = failingCell.value_or(QPoint(-1, 0));
+    // Every row is written whole, the cells not painted as background: no clear beforehand.
     bool inherits = false;
-    std::vector<QRgb> colours(static_cast<std::size_t>(width) + 1);
+    const auto columns = static_cast<std::size_t>(width) + 1;
+    std::vector<QRgb> colours(columns);
+    std::vector<qint16> cells(fails ? columns : 0);
     for (int y = 0; y <= height; ++y) {
         const qint16* row = level.row(y);
         const int count = !fails ? width + 1 : failing.x() + (y < failing.y() ? 1 : 0);
@@ -66,9 +82,15 @@ bool SpritePainter::paintWholeGrid() {
             colours[x] = colourOf[row[x]];
             inherits |= colours[x] == NoOwnColour;
         }
-        map.drawRow(y, row, count);
-        minimap.drawDotRow(y, colours.data(), count);
+        std::fill(colours.begin() + count, colours.end(), MinimapBackground);
+        if (fails) {
+            std::fill(std::copy_n(row, count, cells.begin()), cells.end(), MapCanvas::Cleared);
+            row = cells.data();
+        }
+        map.drawRow(y, row, width + 1);
+        minimap.drawDotRow(y, colours.data(), width + 1);
     }
+    gridShown = !fails && !inherits;
 
     // Dots of uncoloured codes take the drawing colour left by the dot before them, which a
     // second walk in column order hands on; without them, the last painted dot's colour.

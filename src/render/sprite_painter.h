@@ -40,9 +40,16 @@ class SpritePainter {
     void paintRoom(int x, int y, int room);
     // Paints every cell of the grid, margin included, with the code it holds: the same as
     // paintSprite on each cell column by column (the order decides the colour an uncoloured
-    // code's dot inherits), stopping at the first code without a picture, with false.
+    // code's dot inherits), stopping at the first code without a picture, with false; the
+    // cells from there on show the background. The canvases must have the grid's size.
     // Goes row by row through memory, so a whole level costs little more than copying it.
     bool paintWholeGrid();
+
+    // True only while every map cell shows its code's picture and every dot its code's own
+    // colour, as a whole-grid repaint of coloured codes leaves them; false also when unknown.
+    bool showsGrid() const { return gridShown; }
+    // The canvases were written past the painter, or the grid replaced: showsGrid() no longer.
+    void forgetShownGrid() { gridShown = false; }
 
     // Told every cell paintSprite writes, as it was and as it became; the whole-grid repaint
     // and restoreCell tell nothing.
@@ -55,9 +62,11 @@ class SpritePainter {
 
   private:
     bool store(int x, int y, int code);
+    bool showsCode(int x, int y) const;
 
     Level& level;
     MapCanvas& map;
     MinimapCanvas& minimap;
     std::function<void(const CellWrite&)> written;
+    bool gridShown = false;
 };

@@ -56,21 +56,33 @@ class PropertyTest : public QObject {
                     QCOMPARE(renderer.minimap().dotAt(x, y),
                              *minimapColourFor(level.cell(x, y), MinimapBackground));
                 }
+            QVERIFY(renderer.sprites().showsGrid());
         }
     }
 
-    // The whole-grid repaint leaves what painting cell by cell, column by column leaves.
+    // The whole-grid repaint over a painted level leaves what painting cell by cell, column
+    // by column leaves on new canvases; it knows whether they show the grid.
     void wholeGridRepaintMatchesCellByCell() {
         QRandomGenerator random(99);
         const int codes[] = {0, 0, 0, 1, 17, 25, 30, 114, 124, 134, 136, 139, 139, -3, 140, 207};
+        const auto& own = ownDotColours();
+        const qint16 uncoloured =
+            qint16(std::find(own.begin(), own.end(), NoOwnColour) - own.begin());
         for (int round = 0; round < 300; ++round) {
             Level level;
             const int w = random.bounded(0, 12), h = random.bounded(0, 12);
             level.reset(w, h);
-            for (int y = 0; y <= h; ++y)
-                for (int x = 0; x <= w; ++x)  // bad codes in every third round
-                    level.setCell(x, y, qint16(codes[random.bounded(round % 3 ? 13 : 16)]));
             LevelRenderer whole(level, qRgb(round, 1, 2)), single(level, qRgb(round, 1, 2));
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x) level.setCell(x, y, uncoloured);
+            QVERIFY(whole.repaintGrid());
+            bool coloured = true;
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x) {  // bad codes in every third round
+                    level.setCell(x, y, qint16(codes[random.bounded(round % 3 ? 13 : 16)]));
+                    coloured = coloured && hasPicture(level.cell(x, y)) &&
+                               own[std::size_t(level.cell(x, y))] != NoOwnColour;
+                }
             single.map().resize(w, h), single.minimap().resize(w, h);
             std::optional<QPoint> stop;
             for (int x = 0; x <= w && !stop; ++x)
@@ -83,6 +95,9 @@ class PropertyTest : public QObject {
                     QCOMPARE(whole.map().cellAt(x, y), single.map().cellAt(x, y));
                     QCOMPARE(whole.minimap().dotAt(x, y), single.minimap().dotAt(x, y));
                 }
+            QCOMPARE(whole.sprites().showsGrid(), coloured);
+            whole.sprites().paintSprite(0, 0, uncoloured);
+            QVERIFY(!whole.sprites().showsGrid());
         }
     }
 };
