@@ -33,11 +33,7 @@ void MinimapCanvas::resize(int columns, int rows) {
     height = std::max(rows, 0);
     dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
                 MinimapBackground);
-    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
-}
-
-void MinimapCanvas::clear() {
-    std::fill(dots.begin(), dots.end(), MinimapBackground);
+    notAllFloor.assign(static_cast<std::size_t>(blocksPerRow()) * (height + 1), 0);
     if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
 }
 
@@ -48,6 +44,8 @@ void MinimapCanvas::drawDot(int x, int y) {
 void MinimapCanvas::setDot(int x, int y, QRgb colour) {
     if (x < 0 || x > width || y < 0 || y > height) return;
     dots[static_cast<std::size_t>(y) * (width + 1) + x] = colour;
+    if (colour != MinimapBackground)
+        notAllFloor[static_cast<std::size_t>(y) * blocksPerRow() + x / BlockDots] = 1;
     if (changed) changed(dotRect(x, y));
 }
 
@@ -55,7 +53,24 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
     if (y < 0 || y > height) return;
     const int drawn = std::clamp(count, 0, width + 1);
     std::copy_n(colours, drawn, dots.begin() + static_cast<std::ptrdiff_t>(y) * (width + 1));
+    markBlocks(y, 0, drawn);
     if (changed && drawn > 0) changed(dotRect(0, y).united(dotRect(drawn - 1, y)));
+}
+
+// Marks the blocks of dots first..end - 1 of row y by what they hold now; a block partly
+// outside them keeps its mark if it had one.
+void MinimapCanvas::markBlocks(int y, int first, int end) {
+    const QRgb* row = dotRow(y);
+    quint8* marks = notAllFloor.data() + static_cast<std::size_t>(y) * blocksPerRow();
+    for (int block = first / BlockDots; block * BlockDots < end; ++block) {
+        const int from = std::max(first, block * BlockDots);
+        const int to = std::min(end, (block + 1) * BlockDots);
+        QRgb other = 0;
+        for (int x = from; x < to; ++x) other |= row[x] ^ MinimapBackground;
+        const bool whole =
+            from == block * BlockDots && to == std::min((block + 1) * BlockDots, width + 1);
+        marks[block] = (!whole && marks[block]) || other != 0 ? 1 : 0;
+    }
 }
 
 QRgb MinimapCanvas::dotAt(int x, int y) const {

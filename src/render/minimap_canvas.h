@@ -45,8 +45,6 @@ class MinimapCanvas {
     // A surface 6 * columns x 6 * rows pixels: all background when the size changes, kept as
     // it is when it does not.
     void resize(int columns, int rows);
-    // Fills with the background; the drawing colour stays as it was.
-    void clear();
     int columns() const { return width; }
     int rows() const { return height; }
     QSize pixelSize() const { return {width * MinimapCellSize, height * MinimapCellSize}; }
@@ -62,7 +60,7 @@ class MinimapCanvas {
     void drawDotRow(int y, const QRgb* colours, int count);
     // One dot in its own colour; the drawing colour stays.
     void setDot(int x, int y, QRgb colour);
-    QRgb dotAt(int x, int y) const;   // background for cells never dotted since the clear
+    QRgb dotAt(int x, int y) const;   // background for cells never dotted
     const QRgb* dotRow(int y) const;  // dots (0, y) .. (columns(), y), for 0 <= y <= rows()
 
     // Paints the part `exposed` (surface pixels); cost follows the exposed area.
@@ -82,6 +80,14 @@ class MinimapCanvas {
     int width = 0;
     int height = 0;
     QRgb drawing;
-    std::vector<QRgb> dots;  // (width + 1) x (height + 1)
+    // Whether a block of dots may hold more than floor: set by every dot drawn in another
+    // colour, cleared only when its whole row is drawn again. The shrunk minimap blends only
+    // these blocks, so a mostly floor level costs little more than what is on it.
+    static constexpr int BlockDots = 16;
+    int blocksPerRow() const { return width / BlockDots + 1; }
+    void markBlocks(int y, int first, int end);
+
+    std::vector<QRgb> dots;           // (width + 1) x (height + 1)
+    std::vector<quint8> notAllFloor;  // blocksPerRow() x (height + 1)
     std::function<void(const QRect&)> changed;
 };

@@ -81,10 +81,15 @@ class LargeLevelsTest : public QObject {
         plotMinimapCell(minimap, 500, 500, 14);  // a lone wall: its pixels are told as changed
         QCOMPARE(told, QRect(119, 119, 2, 2));
         plotMinimapCell(minimap, 100, 100, HeroCode);
-        for (int y = 600; y < 700; ++y)  // walls in three columns of four
+        std::vector<QRgb> row(1001, MinimapBackground);
+        row[300] = qRgb(0, 0, 0);
+        minimap.drawDotRow(300, row.data(), 1001);  // a wall drawn with its whole row
+        row[300] = MinimapBackground;
+        minimap.drawDotRow(500, row.data(), 498);  // floor up to the lone wall, not over it
+        for (int y = 600; y < 700; ++y)            // walls in three columns of four
             for (int x = 600; x < 700; ++x) plotMinimapCell(minimap, x, y, x % 4 ? 14 : 0);
         const QImage image = shown();
-        for (QPoint wall : {QPoint(119, 119), QPoint(120, 120)})  // at least half as dark
+        for (QPoint wall : {QPoint(119, 119), QPoint(120, 120), QPoint(72, 72)})  // half dark
             QVERIFY(qGray(image.pixel(wall)) <= qGray(MinimapBackground) / 2 + 1);
         QCOMPARE(image.pixel(24, 23), qRgb(255, 0, 0));
         const QRect part(140, 141, 9, 7);  // painted alone, across the walls' corner
