@@ -26,11 +26,6 @@ bool anyWithoutPicture(const qint16* codes, int count) {
 }
 }  // namespace
 
-bool isWallAt(const Level& level, int x, int y) {
-    return x > 0 && x < level.width() && y > 0 && y < level.height() &&
-           isWallPiece(level.cell(x, y));
-}
-
 bool containsHero(const Level& level) {
     for (int y = 0; y < level.height(); ++y) {
         const qint16* row = level.row(y);

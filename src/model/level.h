@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tile_codes.h"
+
 #include <QPoint>
 #include <QtGlobal>
 
@@ -71,8 +73,12 @@ class Level {
 };
 
 // Whether (x, y) lies strictly inside the level's outer ring (columns and rows 0 and W - 1,
-// H - 1 never count) and holds a wall piece. Never reads outside the grid.
-bool isWallAt(const Level& level, int x, int y);
+// H - 1 never count) and holds a wall piece. Never reads outside the grid. Inline: every wall
+// drawn asks it about itself and its four neighbours.
+inline bool isWallAt(const Level& level, int x, int y) {
+    return x > 0 && x < level.width() && y > 0 && y < level.height() &&
+           isWallPiece(level.cell(x, y));
+}
 
 // Whether the level proper holds the hero's start anywhere: what Save asks for.
 bool containsHero(const Level& level);

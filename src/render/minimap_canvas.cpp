@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 // A dot is the 6-pixel square centred on (6x, 6y): pixels 6x - 3 up to 6x + 2.
@@ -24,6 +25,23 @@ void fillDotRow(QRgb* line, const QRgb* dot, int first, int end) {
     QRgb* const last = line + (end - first);
     for (++x; last - out >= MinimapCellSize; ++x) out = std::fill_n(out, MinimapCellSize, dot[x]);
     if (out < last) std::fill(out, last, dot[x]);
+}
+
+// Whether `Count` dots are all floor, compared four at a time: a whole-level redraw asks it of
+// every block.
+template <int Count>
+bool holdsOnlyFloor(const QRgb* dots) {
+    using FourDots = QRgb __attribute__((vector_size(16)));
+    constexpr FourDots floor = {MinimapBackground, MinimapBackground, MinimapBackground,
+                                MinimapBackground};
+    FourDots others{};
+    static_assert(Count % 4 == 0);
+    for (int i = 0; i < Count; i += 4) {
+        FourDots four;
+        std::memcpy(&four, dots + i, sizeof four);
+        others |= four ^ floor;
+    }
+    return (others[0] | others[1] | others[2] | others[3]) == 0;
 }
 }  // namespace
 
@@ -63,12 +81,17 @@ void MinimapCanvas::markBlocks(int y, int first, int end) {
     const QRgb* row = dotRow(y);
     quint8* marks = notAllFloor.data() + static_cast<std::size_t>(y) * blocksPerRow();
     for (int block = first / BlockDots; block * BlockDots < end; ++block) {
-        const int from = std::max(first, block * BlockDots);
-        const int to = std::min(end, (block + 1) * BlockDots);
+        const int start = block * BlockDots;
         QRgb other = 0;
+        if (start >= first && start + BlockDots <= end) {
+            marks[block] = holdsOnlyFloor<BlockDots>(row + start) ? 0 : 1;
+            continue;
+        }
+        const int from = std::max(first, start);
+        const int to = std::min(end, start + BlockDots);
         for (int x = from; x < to; ++x) other |= row[x] ^ MinimapBackground;
-        const bool whole =
-            from == block * BlockDots && to == std::min((block + 1) * BlockDots, width + 1);
+        // The last block of a row ends at the margin column.
+        const bool whole = from == start && to == std::min(start + BlockDots, width + 1);
         marks[block] = (!whole && marks[block]) || other != 0 ? 1 : 0;
     }
 }

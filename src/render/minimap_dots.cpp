@@ -26,8 +26,11 @@ std::optional<QRgb> minimapColourFor(int code, QRgb background) {
 }
 
 void plotMinimapCell(MinimapCanvas& minimap, int x, int y, int code) {
-    if (const auto colour = minimapColourFor(code, minimap.background()))
-        minimap.setDrawingColour(*colour);
+    // The table answers for every code with a picture.
+    const QRgb own = hasPicture(code)
+                         ? ownDotColours()[static_cast<std::size_t>(code)]
+                         : minimapColourFor(code, minimap.background()).value_or(NoOwnColour);
+    if (own != NoOwnColour) minimap.setDrawingColour(own);
     minimap.drawDot(x, y);
 }
 

@@ -4,12 +4,9 @@
 
 #include <QImage>
 #include <QPainter>
-#include <QThreadPool>
 
 #include <algorithm>
 #include <array>
-#include <functional>
-#include <latch>
 #include <numeric>
 
 namespace {
@@ -65,26 +62,6 @@ struct PixelSum {
     bool item = false;
     float covered() const { return weighted[0]; }
 };
-
-// Runs blend(first, end) over rows 0..rows - 1 in bands, side by side on the pool's free
-// threads when there are `dots` enough to pay for them; rows are blended independently. On a
-// 1000 x 1000 level, the whole minimap takes about a millisecond on one thread.
-void inBands(int rows, qint64 dots, const std::function<void(int, int)>& blend) {
-    constexpr qint64 DotsWorthAThread = 1 << 17;
-    QThreadPool& pool = *QThreadPool::globalInstance();
-    const int bands = static_cast<int>(std::clamp<qint64>(
-        std::min<qint64>(dots / DotsWorthAThread, pool.maxThreadCount()), 1, rows));
-    std::latch done(bands - 1);
-    for (int band = 1; band < bands; ++band) {
-        const auto run = [&, band] {
-            blend(rows * band / bands, rows * (band + 1) / bands);
-            done.count_down();
-        };
-        if (!pool.tryStart(run)) run();  // no thread free: this one does it
-    }
-    blend(0, rows / bands);
-    done.wait();
-}
 
 // The colour of a shown pixel, from its sums and one over its area. A figure under it makes
 // it the figure's red, else an item the items' blue; otherwise it is the mean of what is not
@@ -164,57 +141,49 @@ void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, Minimap
         perWidth[x] = 1.0f / static_cast<float>(pixelWidths[x]);
 
     // A row of pixels at a time, so that its sums stay in the cache: the dots that are not
-    // floor in the cell rows under it are spread over the pixels they cover.
+    // floor in the cell rows under it, read only in blocks marked as holding any, are spread
+    // over the pixels they cover.
     QImage image(area.size(), QImage::Format_RGB32);
-    uchar* const bits = image.bits();
-    const qsizetype stride = image.bytesPerLine();
-    const auto blendRows = [&](int firstRow, int endRow) {
-        std::vector<PixelSum> sums(shownWidth);
-        for (int y = firstRow; y < endRow; ++y) {
-            std::fill(sums.begin(), sums.end(), PixelSum{});
-            qint64 pixelHeight = 0;
-            for (const Overlap& down : overlapsOf(area.top() + y, area.top() + y, height, scale)) {
-                pixelHeight += down.length;
-                const auto downLength = static_cast<float>(down.length);
-                const QRgb* line =
-                    dots.data() + static_cast<std::size_t>(down.cell) * (width + 1) + firstColumn;
-                const quint8* marks =
-                    notAllFloor.data() + static_cast<std::size_t>(down.cell) * blocksPerRow();
-                for (int block = firstColumn / BlockDots; block * BlockDots < endColumn; ++block) {
-                    if (marks[block] == 0) continue;
-                    const int from = std::max(firstColumn, block * BlockDots) - firstColumn;
-                    const int to = std::min(endColumn, (block + 1) * BlockDots) - firstColumn;
-                    for (int x = from; x < to; ++x) {
-                        const QRgb* dot = line + x;
-                        if (*dot == MinimapBackground) continue;
-                        const auto column = static_cast<std::size_t>(x);
-                        const std::array<float, 4> values{1, static_cast<float>(qRed(*dot)),
-                                                          static_cast<float>(qGreen(*dot)),
-                                                          static_cast<float>(qBlue(*dot))};
-                        const bool figure = *dot == FigureDotColour;
-                        const bool item = *dot == ItemDotColour;
-                        for (std::size_t a = acrossByCell[column]; a < acrossByCell[column + 1];
-                             ++a) {
-                            PixelSum& sum =
-                                sums[static_cast<std::size_t>(across[a].pixel - area.left())];
-                            const float weight = downLength * acrossLengths[a];
-                            for (std::size_t i = 0; i < values.size(); ++i)
-                                sum.weighted[i] += weight * values[i];
-                            sum.figure = sum.figure || figure;
-                            sum.item = sum.item || item;
-                        }
+    std::vector<PixelSum> sums(shownWidth);
+    for (int y = 0; y < area.height(); ++y) {
+        std::fill(sums.begin(), sums.end(), PixelSum{});
+        qint64 pixelHeight = 0;
+        for (const Overlap& down : overlapsOf(area.top() + y, area.top() + y, height, scale)) {
+            pixelHeight += down.length;
+            const auto downLength = static_cast<float>(down.length);
+            const QRgb* line =
+                dots.data() + static_cast<std::size_t>(down.cell) * (width + 1) + firstColumn;
+            const quint8* marks =
+                notAllFloor.data() + static_cast<std::size_t>(down.cell) * blocksPerRow();
+            for (int block = firstColumn / BlockDots; block * BlockDots < endColumn; ++block) {
+                if (marks[block] == 0) continue;
+                const int from = std::max(firstColumn, block * BlockDots) - firstColumn;
+                const int to = std::min(endColumn, (block + 1) * BlockDots) - firstColumn;
+                for (int x = from; x < to; ++x) {
+                    const QRgb* dot = line + x;
+                    if (*dot == MinimapBackground) continue;
+                    const auto column = static_cast<std::size_t>(x);
+                    const std::array<float, 4> values{1, static_cast<float>(qRed(*dot)),
+                                                      static_cast<float>(qGreen(*dot)),
+                                                      static_cast<float>(qBlue(*dot))};
+                    const bool figure = *dot == FigureDotColour;
+                    const bool item = *dot == ItemDotColour;
+                    for (std::size_t a = acrossByCell[column]; a < acrossByCell[column + 1]; ++a) {
+                        PixelSum& sum =
+                            sums[static_cast<std::size_t>(across[a].pixel - area.left())];
+                        const float weight = downLength * acrossLengths[a];
+                        for (std::size_t i = 0; i < values.size(); ++i)
+                            sum.weighted[i] += weight * values[i];
+                        sum.figure = sum.figure || figure;
+                        sum.item = sum.item || item;
                     }
                 }
             }
-            auto* pixels = reinterpret_cast<QRgb*>(bits + y * stride);
-            const float perHeight = 1.0f / static_cast<float>(pixelHeight);
-            for (std::size_t x = 0; x < shownWidth; ++x)
-                pixels[x] = colourOf(sums[x], perWidth[x] * perHeight);
         }
-    };
-    inBands(area.height(),
-            static_cast<qint64>(acrossByCell.size()) * height * area.height() /
-                std::max(1, shownSize(scale).height()),
-            blendRows);
+        auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const float perHeight = 1.0f / static_cast<float>(pixelHeight);
+        for (std::size_t x = 0; x < shownWidth; ++x)
+            pixels[x] = colourOf(sums[x], perWidth[x] * perHeight);
+    }
     painter.drawImage(area.topLeft(), image);
 }

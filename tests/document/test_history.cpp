@@ -1,4 +1,5 @@
 #include "level_document.h"
+#include "minimap_dots.h"
 #include "tile_codes.h"
 #include "tools.h"
 
@@ -19,14 +20,20 @@ static QByteArray shown(LevelDocument& document) {
     return all;
 }
 
-// Opens a level of random codes (some without a picture) and redraws it as the window does.
+// Opens a level of random codes (some without a picture, or in some levels only codes with a
+// dot colour of their own) and redraws it as the window does.
 static void openRandomLevel(LevelDocument& document, QRandomGenerator& random) {
     Level level;
     level.reset(random.bounded(3, 30), random.bounded(3, 30));
     const int codes = random.bounded(4) ? SheetCellCount : SheetCellCount + 1;
+    const bool coloured = random.bounded(3) == 0;
     for (int y = 0; y < level.height(); ++y)
-        for (int x = 0; x < level.width(); ++x)
-            if (random.bounded(3) == 0) level.setCell(x, y, qint16(random.bounded(codes)));
+        for (int x = 0; x < level.width(); ++x) {
+            const int code = random.bounded(codes);
+            if (random.bounded(3) == 0 &&
+                (!coloured || (hasPicture(code) && ownDotColours()[code] != NoOwnColour)))
+                level.setCell(x, y, qint16(code));
+        }
     QVERIFY(writeLevelFile(level, document.levelFile()).ok() && document.open().ok());
     if (document.repaintGrid()) document.drawFrame(WallToolCode);
 }
