@@ -39,10 +39,6 @@ std::vector<T> unpacked(const QByteArray& bytes, std::size_t count) {
     return data;
 }
 
-QRgb ownDotColour(qint16 code, const std::array<QRgb, SheetCellCount>& own) {
-    return hasPicture(code) ? own[static_cast<std::size_t>(code)] : NoOwnColour;
-}
-
 // A canvas as the difference of each cell from what a repaint of the grid gives it, its
 // code's picture or own dot colour: zero wherever they agree, so it packs to almost nothing.
 // Empty when they agree everywhere (looked for first, as they nearly always do), and for a

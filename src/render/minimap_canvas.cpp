@@ -71,29 +71,23 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
     if (y < 0 || y > height) return;
     const int drawn = std::clamp(count, 0, width + 1);
     std::copy_n(colours, drawn, dots.begin() + static_cast<std::ptrdiff_t>(y) * (width + 1));
-    markBlocks(y, 0, drawn);
+    markBlocks(y, drawn);
     if (changed && drawn > 0) changed(dotRect(0, y).united(dotRect(drawn - 1, y)));
 }
 
-// Marks the blocks of dots first..end - 1 of row y by what they hold now; a block partly
-// outside them keeps its mark if it had one.
-void MinimapCanvas::markBlocks(int y, int first, int end) {
+// Marks the blocks of dots 0..end - 1 of row y by what they hold now; a last block that
+// reaches past them, short of the margin column, keeps its mark if it had one.
+void MinimapCanvas::markBlocks(int y, int end) {
     const QRgb* row = dotRow(y);
     quint8* marks = notAllFloor.data() + static_cast<std::size_t>(y) * blocksPerRow();
-    for (int block = first / BlockDots; block * BlockDots < end; ++block) {
-        const int start = block * BlockDots;
-        QRgb other = 0;
-        if (start >= first && start + BlockDots <= end) {
-            marks[block] = holdsOnlyFloor<BlockDots>(row + start) ? 0 : 1;
-            continue;
-        }
-        const int from = std::max(first, start);
-        const int to = std::min(end, start + BlockDots);
-        for (int x = from; x < to; ++x) other |= row[x] ^ MinimapBackground;
-        // The last block of a row ends at the margin column.
-        const bool whole = from == start && to == std::min(start + BlockDots, width + 1);
-        marks[block] = (!whole && marks[block]) || other != 0 ? 1 : 0;
-    }
+    int start = 0;
+    for (; start + BlockDots <= end; start += BlockDots)
+        marks[start / BlockDots] = holdsOnlyFloor<BlockDots>(row + start) ? 0 : 1;
+    if (start >= end) return;
+    QRgb other = 0;
+    for (int x = start; x < end; ++x) other |= row[x] ^ MinimapBackground;
+    quint8& mark = marks[start / BlockDots];
+    mark = (end <= width && mark) || other != 0 ? 1 : 0;
 }
 
 QRgb MinimapCanvas::dotAt(int x, int y) const {

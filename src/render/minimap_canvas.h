@@ -85,7 +85,7 @@ class MinimapCanvas {
     // these blocks, so a mostly floor level costs little more than what is on it.
     static constexpr int BlockDots = 16;
     int blocksPerRow() const { return width / BlockDots + 1; }
-    void markBlocks(int y, int first, int end);
+    void markBlocks(int y, int end);
 
     std::vector<QRgb> dots;           // (width + 1) x (height + 1)
     std::vector<quint8> notAllFloor;  // blocksPerRow() x (height + 1)

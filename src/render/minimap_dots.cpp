@@ -26,10 +26,8 @@ std::optional<QRgb> minimapColourFor(int code, QRgb background) {
 }
 
 void plotMinimapCell(MinimapCanvas& minimap, int x, int y, int code) {
-    // The table answers for every code with a picture.
-    const QRgb own = hasPicture(code)
-                         ? ownDotColours()[static_cast<std::size_t>(code)]
-                         : minimapColourFor(code, minimap.background()).value_or(NoOwnColour);
+    // Every code with a colour of its own has a picture: the table answers for all of them.
+    const QRgb own = ownDotColour(code);
     if (own != NoOwnColour) minimap.setDrawingColour(own);
     minimap.drawDot(x, y);
 }

@@ -21,3 +21,7 @@ inline constexpr QRgb NoOwnColour = 0;
 // The dot colour of every code with a picture on the usual background; NoOwnColour for the
 // codes without a colour of their own.
 const std::array<QRgb, SheetCellCount>& ownDotColours();
+// A code's own dot colour from that table; NoOwnColour also for a code without a picture.
+inline QRgb ownDotColour(int code, const std::array<QRgb, SheetCellCount>& own = ownDotColours()) {
+    return hasPicture(code) ? own[static_cast<std::size_t>(code)] : NoOwnColour;
+}

@@ -35,8 +35,7 @@ bool SpritePainter::store(int x, int y, int code) {
 
 bool SpritePainter::showsCode(int x, int y) const {
     const qint16 code = level.cell(x, y);
-    if (!hasPicture(code)) return false;
-    const QRgb own = ownDotColours()[static_cast<std::size_t>(code)];
+    const QRgb own = ownDotColour(code);
     const bool onMap = x < map.columns() && y < map.rows();
     return own != NoOwnColour && minimap.dotAt(x, y) == own && (!onMap || map.cellAt(x, y) == code);
 }

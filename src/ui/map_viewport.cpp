@@ -57,7 +57,6 @@ const Placement& MapViewport::mapPlacement() const {
 
 void MapViewport::moveMapTo(QPointF topLeft) {
     moveMap(static_cast<float>(topLeft.x()), static_cast<float>(topLeft.y()));
-    emit viewMoved();
 }
 
 void MapViewport::setTool(int code) {
@@ -111,7 +110,6 @@ void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
         const Placement map = mapSurface->placement();
         moveMap(map.left + x - static_cast<float>(mapGrabPoint.x()),
                 map.top + y - static_cast<float>(mapGrabPoint.y()));
-        emit viewMoved();
     } else if (buttons == Qt::LeftButton) {
         const QPoint cell(cellUnder(x), cellUnder(y));
         const Level& level = document.level();
@@ -122,7 +120,6 @@ void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
             const Placement scrolled =
                 scrollAtEdges(mapSurface->placement(), x, y, place.width, place.height);
             moveMap(scrolled.left, scrolled.top);
-            emit viewMoved();
         }
     }
     moveOutline(x, y);
@@ -135,7 +132,6 @@ void MapViewport::minimapPressed(Qt::MouseButtons button, QPointF mapPoint) {
 void MapViewport::minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint) {
     moveMap(-static_cast<float>(mapPoint.x()) + place.width / 2,
             -static_cast<float>(mapPoint.y()) + place.height / 2);
-    emit viewMoved();
     if (buttons == Qt::LeftButton) mapMoved(buttons, mapPoint);
 }
 
@@ -149,7 +145,6 @@ void MapViewport::wheelEvent(QWheelEvent* event) {
                            static_cast<float>(client->width()) - map.width, 0),
             scrolledWithin(map.top, PixelsPerEighth * static_cast<float>(turned.y()),
                            static_cast<float>(client->height()) - map.height, 0));
-    emit viewMoved();
     // The outline follows the cell that has come under the pointer.
     const QPointF pointer = mapSurface->mapFrom(this, event->position());
     if (mapSurface->rect().contains(pointer.toPoint()))
@@ -162,6 +157,7 @@ void MapViewport::moveMap(float left, float top) {
     map.left = left;
     map.top = top;
     mapSurface->move(map);
+    emit viewMoved();
 }
 
 void MapViewport::moveOutline(float x, float y) {

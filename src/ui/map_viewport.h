@@ -56,7 +56,7 @@ class MapViewport : public QFrame {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    void moveMap(float left, float top);
+    void moveMap(float left, float top);  // and tells viewMoved
     void moveOutline(float x, float y);
 
     LevelDocument& document;
