@@ -2,7 +2,6 @@
 #include "level.h"
 #include "level_file.h"
 #include "tile_codes.h"
-#include "tools.h"
 #include "wall_pieces.h"
 
 #include <QBuffer>
@@ -11,10 +10,8 @@
 #include <QTest>
 
 #include <algorithm>
-#include <csignal>
 #include <optional>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -137,21 +134,6 @@ class LevelModelTest : public QObject {
         QCOMPARE(level.hero(), std::optional(QPoint(3, 0)));
     }
 
-    void aFailedSaveLeavesTheOldFile() {
-        writeAll(path(), "old level");
-        const Level level = filledLevel(20, 20, 0);
-        // A full disk: the file system takes the first kilobyte only.
-        rlimit unlimited{};
-        getrlimit(RLIMIT_FSIZE, &unlimited);
-        signal(SIGXFSZ, SIG_IGN);
-        const rlimit kilobyte{1024, unlimited.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &kilobyte);
-        const LevelWriteResult diskFull = writeLevelFile(level, path());  // 1.3 kB
-        setrlimit(RLIMIT_FSIZE, &unlimited);
-        QVERIFY(diskFull.failure.contains("level99.VRK: soubor by byl větší"));
-        QCOMPARE(readAll(path()), QByteArray("old level"));
-    }
-
     // A FIFO would block the open and a device never ends: both are refused before reading,
     // and an endless file is read no further than the largest level. A folder is neither
     // read nor saved over.
@@ -203,22 +185,6 @@ class LevelModelTest : public QObject {
             QCOMPARE(wallKey(armsOfPiece(look)),
                      wallKey(armsOfPiece(look < FirstVerticalPiece ? 1 : FirstVerticalPiece)));
         for (int code : {FloorCode, FirstFurniture, -1}) QCOMPARE(wallKey(armsOfPiece(code)), 0);
-    }
-
-    // Each palette tool is of its kind and size; the codes around the ranges are no tools.
-    void toolsKnowWhatTheyPaint() {
-        for (const Tool& tool : paletteTools()) {
-            const int c = tool.code;
-            const bool room = c >= 2 && c <= 9;
-            const ToolKind kind = c == 1     ? ToolKind::Wall
-                                  : room     ? ToolKind::Room
-                                  : c == 135 ? ToolKind::Hero
-                                             : ToolKind::SingleCell;
-            QCOMPARE(std::pair(c, toolKind(c)), std::pair(c, kind));
-            QCOMPARE(toolFootprint(c), !room ? QSize(1, 1) : c < 6 ? QSize(3, 4) : QSize(4, 3));
-        }
-        for (int code : {-1, 10, 22, 30, 123, 128, 133, 139})
-            QCOMPARE(std::pair(code, toolKind(code)), std::pair(code, ToolKind::None));
     }
 };
 
