@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands.h"
 #include "console.h"
+#include "file_reasons.h"
 #include "level.h"
 #include "level_file.h"
 #include "level_picture.h"
@@ -135,6 +136,8 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
     const auto unsaved = [&](const QString& reason) {
         return fail(QStringLiteral("Obrázek %1 nelze uložit: %2").arg(invocation.output, reason));
     };
+    if (const QString refusal = notAPlainFile(invocation.output); !refusal.isEmpty())
+        return unsaved(refusal);
     if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return unsaved(out.errorString());
 
     LevelRenderer renderer(level);

@@ -1,5 +1,9 @@
 #include "file_reasons.h"
 
+#include <QFile>
+
+#include <sys/stat.h>
+
 #include <cerrno>
 
 QString czechFileReason(int systemError, const QString& systemText) {
@@ -22,4 +26,20 @@ QString czechFileReason(int systemError, const QString& systemText) {
         default:
             return QStringLiteral("neznámá chyba systému (%1).").arg(systemText);
     }
+}
+
+QString notAPlainFile(const QString& path) {
+    struct stat info {};
+    // A folder is left out: no rename can replace it, and writing there fails on its own.
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0 || S_ISREG(info.st_mode) ||
+        S_ISDIR(info.st_mode))
+        return {};
+    const auto kind = [&] {
+        if (S_ISFIFO(info.st_mode)) return QStringLiteral("pojmenovaná roura (FIFO)");
+        if (S_ISSOCK(info.st_mode)) return QStringLiteral("socket");
+        if (S_ISCHR(info.st_mode)) return QStringLiteral("znakové zařízení");
+        if (S_ISBLK(info.st_mode)) return QStringLiteral("blokové zařízení");
+        return QStringLiteral("zvláštní soubor");
+    }();
+    return QStringLiteral("není to obyčejný soubor, ale %1; nic se v něm nezměnilo.").arg(kind);
 }

@@ -169,6 +169,13 @@ QByteArray encodeLevelFile(const Level& level) {
 }
 
 LevelWriteResult writeLevelFile(const Level& level, const QString& path) {
+    const auto failed = [&](const QString& reason) {
+        return LevelWriteResult{
+            QStringLiteral("Level se nepodařilo uložit do souboru %1: %2").arg(path, reason)};
+    };
+    // A save writes beside the target and renames over it: that would replace a pipe or a
+    // device with a file.
+    if (const QString refusal = notAPlainFile(path); !refusal.isEmpty()) return failed(refusal);
     QSaveFile file(path);
     const QByteArray bytes = encodeLevelFile(level);
     // Unbuffered, so that a write the disk refuses fails here and commit() keeps the old file;

@@ -11,6 +11,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
 constexpr int W = 12, H = 11;
 constexpr QRgb Wall = qRgb(0, 0, 0), Floor = qRgb(184, 221, 239), Room = qRgb(0, 128, 0);
 struct Cell {
@@ -44,6 +47,7 @@ class LevelToolTest : public QObject {
 
     QTemporaryDir dir;
     QImage sheet{640, 896, QImage::Format_RGB32};
+    bool deviceMade = false;
     void write(const QString& name, const std::vector<Cell>& cells) {
         Level level;
         level.reset(W, H);
@@ -77,6 +81,13 @@ class LevelToolTest : public QObject {
         write("úroveň bez hrdiny.VRK", noHero);
         write("úroveň bez obrázku.VRK", noPicture);
         QVERIFY(QFile(dir.filePath("úroveň prázdná.VRK")).open(QIODevice::WriteOnly));
+        // What -o must never replace: a pipe and a device of our own (/dev/null's numbers, where
+        // nodes can be made), named through links.
+        QCOMPARE(mkfifo(QFile::encodeName(dir.filePath("roura")).constData(), 0600), 0);
+        QVERIFY(QFile::link(dir.filePath("roura"), dir.filePath("na rouru.png")));
+        deviceMade = mknod(QFile::encodeName(dir.filePath("zařízení")).constData(), S_IFCHR | 0600,
+                           makedev(1, 3)) == 0;
+        QVERIFY(QFile::link(dir.filePath("zařízení"), dir.filePath("na zařízení.png")));
         QPainter painter(&sheet);
         for (int n = 0; n < 140; ++n)  // cell n: a colour of its own
             painter.fillRect(sheetCell(n), QColor(qRgb(n, 255 - n, 99)));
@@ -147,11 +158,15 @@ class LevelToolTest : public QObject {
         row("bad sheet", "render|úroveň ok.VRK|-o|x.png|--sheet|úroveň ok.VRK", 1, "ok.VRK");
         row("no folder", "render|úroveň ok.VRK|-o|chybí/x.png", 1, "chybí/x.png");
         row("full disk", "render|úroveň ok.VRK|-o|x.png", 1, "x.png nelze uložit: File too large");
+        row("pipe", "render|úroveň ok.VRK|-o|na rouru.png", 1, "ale pojmenovaná roura (FIFO)");
+        row("device", "render|úroveň ok.VRK|-o|na zařízení.png", 1, "ale znakové zařízení");
     }
     void answers() {
         QFETCH(QString, arguments);
         QFETCH(int, code);
         QFETCH(QString, told);
+        if (QTest::currentDataTag() == QLatin1String("device") && !deviceMade)
+            QSKIP("no device nodes can be made here");
         const QStringList before = QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden);
         QCOMPARE(run(arguments, QTest::currentDataTag() == QLatin1String("full disk")), code);
         const QString all = (out + err).join('\n');
@@ -159,6 +174,15 @@ class LevelToolTest : public QObject {
         if (code != 2) QVERIFY(err.size() <= 1);
         if (!err.isEmpty()) QVERIFY(err[0].startsWith("varnok-level: "));
         QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
+        for (const char* link : {"na rouru.png", "na zařízení.png"})
+            QVERIFY(QFileInfo(dir.filePath(link)).isSymLink());
+        struct stat pipe {
+        }, device{};
+        QVERIFY(::stat(QFile::encodeName(dir.filePath("roura")).constData(), &pipe) == 0 &&
+                S_ISFIFO(pipe.st_mode));
+        if (deviceMade)
+            QVERIFY(::stat(QFile::encodeName(dir.filePath("zařízení")).constData(), &device) == 0 &&
+                    S_ISCHR(device.st_mode));
     }
 };
 

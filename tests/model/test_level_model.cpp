@@ -135,8 +135,8 @@ class LevelModelTest : public QObject {
     }
 
     // A FIFO would block the open and a device never ends: both are refused before reading,
-    // and an endless file is read no further than the largest level. A folder is neither
-    // read nor saved over.
+    // and an endless file is read no further than the largest level. None of them, nor a
+    // folder, is saved over; a link to a plain file is saved through and stays a link.
     void refusesWhatIsNoLevelFile() {
         QTemporaryDir special;
         const QString fifo = special.filePath("fifo.VRK"), zero = special.filePath("zero.VRK");
@@ -152,6 +152,24 @@ class LevelModelTest : public QObject {
         QVERIFY(readLevelFile(level, folder).refusal.endsWith("je to složka, ne soubor."));
         QVERIFY(writeLevelFile(level, folder).failure.endsWith("je to složka, ne soubor."));
         QVERIFY(QDir(folder).exists());
+        // Saved over through a link too, which a save would replace with the file.
+        const QString linkToFifo = special.filePath("to-fifo.VRK");
+        QVERIFY(QFile::link(fifo, linkToFifo));
+        for (const QString& name : {fifo, linkToFifo}) {
+            const QString failure = writeLevelFile(level, name).failure;
+            QVERIFY2(failure.contains(name) && failure.contains("není to obyčejný soubor, ale"),
+                     qPrintable(failure));
+        }
+        struct stat node {};
+        QVERIFY(::stat(QFile::encodeName(fifo).constData(), &node) == 0 && S_ISFIFO(node.st_mode));
+        QVERIFY(QFileInfo(linkToFifo).isSymLink());
+        const QString plain = special.filePath("plain.VRK"), link = special.filePath("link.VRK");
+        writeAll(plain, "old");
+        QVERIFY(QFile::link(plain, link));
+        level.reset(3, 3);
+        QVERIFY(writeLevelFile(level, link).ok());
+        QVERIFY(QFileInfo(link).isSymLink());
+        QCOMPARE(readAll(plain), encodeLevelFile(level));
         QByteArray endless(8 << 20, '0');
         QBuffer buffer(&endless);
         buffer.open(QIODevice::ReadOnly);

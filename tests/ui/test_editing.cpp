@@ -5,6 +5,8 @@
 #include <QBuffer>
 #include <QTest>
 
+#include <sys/stat.h>
+
 namespace {
 
 const QString Help = "information|Nápověda|" + EditorTexts::helpText();
@@ -178,21 +180,23 @@ class EditingTest : public QObject {
         if (made.isEmpty()) QCOMPARE(encodeLevelFile(editor.level), before);
     }
 
-    // Nothing is read, and the level kept is saved, but over a folder nothing is saved.
+    // Nothing is read, and the level kept is saved, but over a folder or a pipe nothing is.
     void openRefusesFilesItCannotUse_data() {
         QTest::addColumn<QByteArray>("bytes");  // null: no file, which Open tells unlike start-up
         QTest::newRow("missing") << QByteArray();
         QTest::newRow("a program") << QByteArray::fromHex("7f454c46020101000000");
         QTest::newRow("a folder") << QByteArray("folder");
+        QTest::newRow("a pipe") << QByteArray("pipe");
     }
     void openRefusesFilesItCannotUse() {
         QFETCH(QByteArray, bytes);
         Editor editor(QSize(20, 20), QPoint(5, 5), HeroCode);  // which a read would clear
         const QString file = editor.path(LevelFileName);
         const QByteArray before = encodeLevelFile(editor.level);
-        const bool folder = bytes == "folder";
+        const bool pipe = bytes == "pipe", folder = bytes == "folder" || pipe;
         QVERIFY(QFile::remove(file));
-        if (folder) QVERIFY(QDir(editor.folder.path()).mkdir(LevelFileName));
+        if (bytes == "folder") QVERIFY(QDir(editor.folder.path()).mkdir(LevelFileName));
+        if (pipe) QCOMPARE(mkfifo(QFile::encodeName(file).constData(), 0600), 0);
         if (!folder && !bytes.isNull()) writeAll(file, bytes);
         editor.window.openLevel();
         editor.window.saveLevel();
@@ -200,8 +204,13 @@ class EditingTest : public QObject {
         QVERIFY(shown.value(2).startsWith("error||Soubor level99.VRK"));
         QCOMPARE(encodeLevelFile(editor.level), before);
         QCOMPARE(shown.size(), folder ? 5 : 4);
-        QCOMPARE(fileBytes(file), folder ? "(none)" : before);  // a folder does not open as a file
         if (folder) QVERIFY(shown[4].startsWith("error||Level se nepodařilo uložit do souboru"));
+        struct stat node {};
+        if (pipe)  // still the pipe, which reading would wait on
+            QVERIFY(::stat(QFile::encodeName(file).constData(), &node) == 0 &&
+                    S_ISFIFO(node.st_mode));
+        else
+            QCOMPARE(fileBytes(file), folder ? "(none)" : before);  // a folder opens as no file
     }
 };
 
