@@ -120,9 +120,17 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
                     QStringLiteral(" Editor level nezobrazí."));
     const QByteArray format = formatFor(invocation.output);
     // PNG is built into Qt; asking for the others loads every image plugin.
-    if (format != "png" && !QImageWriter::supportedImageFormats().contains(format))
-        return fail(QStringLiteral("Obrázek %1: formát „%2“ neznám, použijte .png.")
-                        .arg(invocation.output, QString::fromLatin1(format)));
+    if (format != "png" && !QImageWriter::supportedImageFormats().contains(format)) {
+        QStringList suffixes;
+        for (const QByteArray& known : QImageWriter::supportedImageFormats())
+            suffixes << QStringLiteral(".") + QString::fromLatin1(known);
+        // A name the program cannot write is a usage error: nothing was read or drawn.
+        printError(QStringLiteral("varnok-level: Obrázek %1: přípona „.%2“ není formát obrázku, "
+                                  "který umím zapsat; použijte jednu z těchto: %3.")
+                       .arg(invocation.output, QFileInfo(invocation.output).suffix(),
+                            suffixes.join(QStringLiteral(", "))));
+        return ExitWrongUsage;
+    }
 
     QString problem;
     const SpriteSheet sheet = invocation.minimap ? SpriteSheet() : chooseSheet(invocation, problem);

@@ -158,6 +158,7 @@ class LevelToolTest : public QObject {
         row("bad sheet", "render|úroveň ok.VRK|-o|x.png|--sheet|úroveň ok.VRK", 1, "ok.VRK");
         row("no folder", "render|úroveň ok.VRK|-o|chybí/x.png", 1, "chybí/x.png");
         row("full disk", "render|úroveň ok.VRK|-o|x.png", 1, "x.png nelze uložit: File too large");
+        row("no image suffix", "render|úroveň ok.VRK|-o|kopie.VRK", 2, "„.VRK“ není formát obrázku");
         row("pipe", "render|úroveň ok.VRK|-o|na rouru.png", 1, "ale pojmenovaná roura (FIFO)");
         row("device", "render|úroveň ok.VRK|-o|na zařízení.png", 1, "ale znakové zařízení");
     }
