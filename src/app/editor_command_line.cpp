@@ -9,6 +9,9 @@
 
 #include <optional>
 
+#include <pwd.h>
+#include <unistd.h>
+
 namespace {
 
 constexpr char Program[] = "varnok-editor";
@@ -41,19 +44,13 @@ QString helpText(const QList<QCommandLineOption>& options) {
     return text;
 }
 
-// The level file must be readable when it exists, and Save must be able to replace or create it
-// (a new file is written beside it first, so its folder must be writable).
+// The level file must be readable when it exists. Whether it can be saved is Save's question,
+// however the level was named: a read-only level opens, and Save then says why it cannot.
 std::optional<QString> unusable(const QFileInfo& level) {
-    const QString folder = level.absolutePath();
     if (level.exists() && !level.isFile())
         return QStringLiteral("%1 není soubor levelu.").arg(level.filePath());
     if (level.exists() && !level.isReadable())
         return QStringLiteral("Soubor %1 nelze číst.").arg(level.filePath());
-    if (level.exists() && !level.isWritable())
-        return QStringLiteral("Soubor %1 je jen pro čtení, level by nešlo uložit.")
-            .arg(level.filePath());
-    if (!QFileInfo(folder).isWritable())
-        return QStringLiteral("Do složky %1 nelze zapisovat, level by nešlo uložit.").arg(folder);
     return std::nullopt;
 }
 
@@ -111,6 +108,11 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
                            QStringLiteral("Soubor ani složka %1 neexistuje.").arg(path.filePath()));
         }
     } else if (parser.isSet(QStringLiteral("varnok-folder"))) {
+        if (homeFolder.isEmpty())
+            return failure(1, QStringLiteral("Nevím, kde je vaše domovská složka (HOME není "
+                                             "nastavena a uživatel žádnou nemá), a tak ani "
+                                             "složku ~/%1; zadejte CESTU.")
+                                  .arg(MenuFolderName));
         const QString folder = QDir(homeFolder).absoluteFilePath(MenuFolderName);
         if (!QDir().mkpath(folder))
             return failure(1, QStringLiteral("Složku %1 nelze vytvořit.").arg(folder));
@@ -127,4 +129,12 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
     launch.levelFile = QDir::cleanPath(level.absoluteFilePath());
     launch.spriteSheet = QDir(level.absolutePath()).filePath(SpriteSheetFileName);
     return launch;
+}
+
+QString userHomeFolder() {
+    const QString fromEnvironment = qEnvironmentVariable("HOME");
+    if (!fromEnvironment.isEmpty()) return fromEnvironment;
+    // Without HOME, the user database's entry; never the root of the file system by default.
+    const passwd* user = getpwuid(getuid());
+    return user && user->pw_dir && *user->pw_dir ? QFile::decodeName(user->pw_dir) : QString();
 }

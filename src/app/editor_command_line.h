@@ -20,6 +20,10 @@ inline constexpr char MenuFolderName[] = "Varnok";
 // program. PATH is a folder (its level99.VRK) or a level file of any name, relative to
 // currentFolder; a missing *.vrk file in an existing folder is a new level that Save creates.
 // Without PATH: currentFolder, or with --varnok-folder homeFolder/Varnok, made here when missing.
-// A PATH (or that folder) is refused when the level in it could not be read or saved.
+// A PATH (or that folder) is refused when the level in it could not be read; one that could not
+// be saved opens, and Save tells why. An empty homeFolder (none known) refuses --varnok-folder.
 EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString& currentFolder,
                                     const QString& homeFolder);
+
+// The user's home folder: HOME, else the user database's entry; empty when neither names one.
+QString userHomeFolder();

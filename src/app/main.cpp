@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) arguments << QFile::decodeName(argv[i]);
     const EditorLaunch launch =
-        parseEditorCommandLine(arguments, QDir::currentPath(), QDir::homePath());
+        parseEditorCommandLine(arguments, QDir::currentPath(), userHomeFolder());
     if (launch.action == EditorLaunch::Action::Print) std::fputs(qPrintable(launch.text), stdout);
     if (launch.action == EditorLaunch::Action::Fail)
         std::fprintf(stderr, "varnok-editor: %s\n", qPrintable(launch.text));

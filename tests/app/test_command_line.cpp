@@ -19,6 +19,11 @@ class CommandLineTest : public QObject {
         for (const char* folder : {"work", "home", "moje levely", "blocked/level99.VRK"})
             QVERIFY(QDir(root.path()).mkpath(folder));
         QVERIFY(QFile(at("moje levely/hrad.vrk")).open(QIODevice::WriteOnly));
+        // Read-only, in a read-only folder: it opens all the same, and only Save refuses it.
+        QVERIFY(QDir(root.path()).mkpath("archiv"));
+        QVERIFY(QFile(at("archiv/level99.VRK")).open(QIODevice::WriteOnly));
+        QVERIFY(QFile::setPermissions(at("archiv/level99.VRK"), QFile::ReadOwner));
+        QVERIFY(QFile::setPermissions(at("archiv"), QFile::ReadOwner | QFile::ExeOwner));
     }
 
     void launches_data() {
@@ -37,6 +42,8 @@ class CommandLineTest : public QObject {
         row("file of another name", {levelPath}, Run, "moje levely/hrad.vrk");
         row("new level file", {"novy.VRK"}, Run, "work/novy.VRK");
         row("menu", {"--varnok-folder"}, Run, "home/Varnok/level99.VRK");
+        row("read-only level", {"../archiv"}, Run, "archiv/level99.VRK");
+        row("menu without a home", {"--varnok-folder"}, Fail, "domovská složka", 1, "");
         row("menu with a file", {"--varnok-folder", levelPath}, Run, "moje levely/hrad.vrk");
         row("a path after --", {"--", "-x.vrk"}, Run, "work/-x.vrk");
         row("missing path", {"nikde"}, Fail,
@@ -59,7 +66,8 @@ class CommandLineTest : public QObject {
         QFETCH(QString, levelFile);
         QFETCH(int, exitCode);
         const EditorLaunch launch =
-            parseEditorCommandLine(QStringList{"varnok-editor"} + arguments, at("work"), at(home));
+            parseEditorCommandLine(QStringList{"varnok-editor"} + arguments, at("work"),
+                                   home.isEmpty() ? QString() : at(home));
         QCOMPARE(launch.action, action);
         QCOMPARE(launch.exitCode, exitCode);
         if (action == Run) {
@@ -70,6 +78,20 @@ class CommandLineTest : public QObject {
             QVERIFY2(launch.text.contains(levelFile), qPrintable(launch.text));
             if (action == Fail) QVERIFY(!launch.text.contains('\n'));
         }
+    }
+
+    // Without HOME the user database names the home folder, never the file system's root.
+    void homeFolderWithoutHome() {
+        const QByteArray home = qgetenv("HOME");
+        qunsetenv("HOME");
+        const QString found = userHomeFolder();
+        qputenv("HOME", home);
+        QVERIFY2(!found.isEmpty() && found != "/" && QDir(found).exists(), qPrintable(found));
+        QCOMPARE(userHomeFolder(), QString::fromLocal8Bit(home));
+    }
+
+    void cleanupTestCase() {  // so that the folder can be removed
+        QFile::setPermissions(at("archiv"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 };
 
