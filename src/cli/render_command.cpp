@@ -32,28 +32,30 @@ int fail(const QString& message) {
 // beside the level when it can be used, the built-in sheet otherwise. Empty on failure,
 // with `problem` saying why.
 SpriteSheet chooseSheet(const Invocation& invocation, QString& problem) {
-    QImage image;
-    if (!invocation.sheet.isEmpty()) {
-        if (!QFile::exists(invocation.sheet))
-            problem = QStringLiteral("Obrázek %1 nebyl nalezen.").arg(invocation.sheet);
-        else if (!image.load(invocation.sheet) || !SpriteSheet::usable(image))
-            problem = QStringLiteral("Obrázek %1 nelze načíst, nebo je menší než %2 × %3 pixelů.")
-                          .arg(invocation.sheet)
-                          .arg(SheetColumns)
-                          .arg(SheetRows);
-        return problem.isEmpty() ? SpriteSheet(image) : SpriteSheet();
-    }
-    const QString beside =
-        QDir::cleanPath(QFileInfo(invocation.files.front()).dir().filePath(SpriteSheetFileName));
-    if (QFile::exists(beside)) {
-        if (image.load(beside) && SpriteSheet::usable(image)) return SpriteSheet(image);
-        printError(QStringLiteral("varnok-level: Obrázek %1 nelze načíst, použije se vestavěný.")
-                       .arg(beside));
-    }
-    SpriteSheet builtIn = SpriteSheet::builtIn();
-    if (builtIn.image().isNull())
+    SpriteSheet::FileState state{};
+    const bool named = !invocation.sheet.isEmpty();
+    const QString path =
+        named ? invocation.sheet
+              : QDir::cleanPath(
+                    QFileInfo(invocation.files.front()).dir().filePath(SpriteSheetFileName));
+    SpriteSheet sheet = SpriteSheet::fromFileOrBuiltIn(path, state);
+    // The editor's words for a sheet it cannot use.
+    const QString unusable =
+        QStringLiteral(
+            "Obrázek %1 nelze načíst (je poškozený, neúplný, nebo menší než %2 × %3 "
+            "pixelů)")
+            .arg(path)
+            .arg(SheetColumns)
+            .arg(SheetRows);
+    if (named && state == SpriteSheet::FileState::Missing)
+        problem = QStringLiteral("Obrázek %1 nebyl nalezen.").arg(path);
+    else if (named && state == SpriteSheet::FileState::Unusable)
+        problem = unusable + QStringLiteral(".");
+    else if (state == SpriteSheet::FileState::Unusable)
+        printError(QStringLiteral("varnok-level: %1, použije se vestavěný.").arg(unusable));
+    if (problem.isEmpty() && sheet.image().isNull())
         problem = QStringLiteral("Vestavěné obrázky objektů nelze načíst (chybí modul pro JPEG?).");
-    return builtIn;
+    return problem.isEmpty() ? sheet : SpriteSheet();
 }
 
 // With VARNOK_LEVEL_TIMES set, how long each step took goes to standard error as wall and

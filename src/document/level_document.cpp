@@ -5,7 +5,6 @@
 #include "paint_stroke.h"
 #include "replace_level.h"
 
-#include <QFile>
 #include <QSignalBlocker>
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
@@ -15,11 +14,9 @@ LevelDocument::LevelDocument(const QDir& folder, QObject* parent)
     : LevelDocument(folder.filePath(LevelFileName), folder.filePath(SpriteSheetFileName), parent) {}
 
 bool LevelDocument::loadSpriteSheet() {
-    QImage image;
-    const bool present = QFile::exists(sheetPath);
-    const bool usable = present && image.load(sheetPath) && SpriteSheet::usable(image);
-    spriteSheet = usable ? SpriteSheet(image) : SpriteSheet::builtIn();
-    return usable || !present;
+    SpriteSheet::FileState state{};
+    spriteSheet = SpriteSheet::fromFileOrBuiltIn(sheetPath, state);
+    return state != SpriteSheet::FileState::Unusable;
 }
 
 void LevelDocument::newLevel(int width, int height) {

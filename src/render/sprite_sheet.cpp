@@ -2,11 +2,41 @@
 
 #include "tile_codes.h"
 
+#include <QFile>
+
 // RGB32 is the format the map's blits copy fastest; colours stay as they are.
 SpriteSheet::SpriteSheet(QImage image) : sheet(image.convertToFormat(QImage::Format_RGB32)) {}
 
 SpriteSheet SpriteSheet::builtIn() {
     return SpriteSheet(QImage(QStringLiteral(":/sheet/EditPic.jpg")));
+}
+
+namespace {
+// A JPEG ends with its end-of-image marker; one cut off short still decodes, with the rest of
+// the picture grey, and the image reader only warns.
+bool endsBeforeItsEnd(const QByteArray& bytes) {
+    if (!bytes.startsWith("\xFF\xD8")) return false;
+    qsizetype end = bytes.size();
+    while (end > 0 && (bytes[end - 1] == '\0' || bytes[end - 1] == '\n')) --end;
+    return !QByteArrayView(bytes).first(end).endsWith("\xFF\xD9");
+}
+}  // namespace
+
+SpriteSheet SpriteSheet::fromFileOrBuiltIn(const QString& path, FileState& state) {
+    QFile file(path);
+    if (!file.exists()) {
+        state = FileState::Missing;
+        return builtIn();
+    }
+    QImage image;
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const bool whole = !bytes.isEmpty() && !endsBeforeItsEnd(bytes);
+    if (whole && image.loadFromData(bytes) && usable(image)) {
+        state = FileState::Loaded;
+        return SpriteSheet(image);
+    }
+    state = FileState::Unusable;
+    return builtIn();
 }
 
 bool SpriteSheet::usable(const QImage& image) {

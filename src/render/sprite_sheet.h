@@ -14,6 +14,15 @@ class SpriteSheet {
 
     // The sheet drawn into the program, used when no sheet of the user's can be read.
     static SpriteSheet builtIn();
+
+    // What a sheet file turned out to be.
+    enum class FileState {
+        Loaded,    // read whole and large enough to cut
+        Missing,   // there is no such file
+        Unusable,  // unreadable, cut off before its end, or too small to cut
+    };
+    // The sheet in the file at `path`; the built-in one when it is missing or unusable.
+    static SpriteSheet fromFileOrBuiltIn(const QString& path, FileState& state);
     // Whether an image can serve as a sheet: readable and at least one pixel a cell.
     static bool usable(const QImage& image);
 

@@ -2,6 +2,7 @@
 #include "level.h"
 #include "level_file.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -92,6 +93,11 @@ class LevelToolTest : public QObject {
         for (int n = 0; n < 140; ++n)  // cell n: a colour of its own
             painter.fillRect(sheetCell(n), QColor(qRgb(n, 255 - n, 99)));
         QVERIFY(sheet.save(dir.filePath("EditPic.jpg"), "PNG"));  // images are read by content
+        QByteArray cutOff;
+        QBuffer buffer(&cutOff);
+        QVERIFY(buffer.open(QIODevice::WriteOnly) && sheet.save(&buffer, "JPG"));
+        QFile half(dir.filePath("useknutý.jpg"));
+        QVERIFY(half.open(QIODevice::WriteOnly) && half.write(cutOff.first(cutOff.size() / 2)) > 0);
     }
 
     void check_data() {
@@ -156,9 +162,11 @@ class LevelToolTest : public QObject {
         row("too large", "render|úroveň ok.VRK|-o|x.png|--cell-size|5000", 1, "--cell-size 713.");
         row("no picture", "render|úroveň bez obrázku.VRK|-o|x.png", 1, "kód 200 v buňce (2, 6)");
         row("bad sheet", "render|úroveň ok.VRK|-o|x.png|--sheet|úroveň ok.VRK", 1, "ok.VRK");
+        row("cut-off sheet", "render|úroveň ok.VRK|-o|x.png|--sheet|useknutý.jpg", 1, "neúplný");
         row("no folder", "render|úroveň ok.VRK|-o|chybí/x.png", 1, "chybí/x.png");
         row("full disk", "render|úroveň ok.VRK|-o|x.png", 1, "x.png nelze uložit: File too large");
-        row("no image suffix", "render|úroveň ok.VRK|-o|kopie.VRK", 2, "„.VRK“ není formát obrázku");
+        row("no image suffix", "render|úroveň ok.VRK|-o|kopie.VRK", 2,
+            "„.VRK“ není formát obrázku");
         row("pipe", "render|úroveň ok.VRK|-o|na rouru.png", 1, "ale pojmenovaná roura (FIFO)");
         row("device", "render|úroveň ok.VRK|-o|na zařízení.png", 1, "ale znakové zařízení");
     }

@@ -137,6 +137,7 @@ class EditingTest : public QObject {
         QTest::addColumn<QSize>("cell");
         QTest::newRow("not a JPEG") << QByteArray("GIF89a, or not") << true << QSize(64, 64);
         QTest::newRow("too small to cut") << jpeg(9, 20) << true << QSize(64, 64);
+        QTest::newRow("cut off") << jpeg(640, 896).chopped(200) << true << QSize(64, 64);
         QTest::newRow("half size") << jpeg(320, 448) << false << QSize(32, 32);
         QTest::newRow("uneven") << jpeg(105, 150) << false << QSize(10, 10);  // rest unseen
     }
