@@ -17,8 +17,11 @@ void showOk(QWidget* parent, QMessageBox::Icon icon, const QString& prompt, cons
 bool MessageBoxDialogs::question(const QString& prompt, const QString& title) {
     QMessageBox box(QMessageBox::Question, title, prompt, QMessageBox::Yes | QMessageBox::No,
                     parent);
+    // Alt and the first letter answer, as on a Czech desktop; the captions stay as they are.
     box.button(QMessageBox::Yes)->setText(QStringLiteral("Ano"));
+    box.button(QMessageBox::Yes)->setShortcut(QKeySequence(Qt::ALT | Qt::Key_A));
     box.button(QMessageBox::No)->setText(QStringLiteral("Ne"));
+    box.button(QMessageBox::No)->setShortcut(QKeySequence(Qt::ALT | Qt::Key_N));
     box.setDefaultButton(QMessageBox::Yes);
     return box.exec() == QMessageBox::Yes;
 }

@@ -1,10 +1,13 @@
 #include "level_menu.h"
+#include "message_box_dialogs.h"
 #include "minimap_view.h"
 #include "mouse.h"
 #include "tile_codes.h"
 #include "tool_strip.h"
 
+#include <QApplication>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 namespace {
@@ -101,6 +104,22 @@ class WindowTest : public QObject {
 
     // Any button drags the strip by its background; the pressed point stays under the
     // pointer, so down and back up returns it exactly.
+    // Alt+A and Alt+N answer a question; were they ignored, Esc (No) and Return (Yes) would.
+    void questionsAnswerToAltAndTheFirstLetter() {
+        MessageBoxDialogs dialogs;
+        for (const bool yes : {true, false}) {
+            QTimer::singleShot(50, [yes] {
+                if (QWidget* box = QApplication::activeModalWidget())
+                    QTest::keyClick(box, yes ? Qt::Key_A : Qt::Key_N, Qt::AltModifier);
+            });
+            QTimer::singleShot(1000, [yes] {
+                if (QWidget* box = QApplication::activeModalWidget())
+                    QTest::keyClick(box, yes ? Qt::Key_Escape : Qt::Key_Return);
+            });
+            QCOMPARE(dialogs.question("Uložit?", "Otázka"), yes);
+        }
+    }
+
     void paletteStripIsDragged_data() {
         QTest::addColumn<Qt::MouseButton>("button");
         QTest::newRow("left") << Qt::LeftButton;
