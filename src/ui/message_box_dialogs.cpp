@@ -1,15 +1,35 @@
 #include "message_box_dialogs.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace {
+// A message box wraps its text at about half the screen's width, which leaves single words on
+// lines of their own. Its text is set by lines: the box is as wide as the longest one, so that
+// each stays whole, as far as the screen allows.
+void keepLinesWhole(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label) return;
+    const QFontMetrics metrics(label->font());
+    int widest = 0;
+    for (const QString& line : box.text().split('\n'))
+        widest = std::max(widest, metrics.horizontalAdvance(line));
+    const QScreen* screen = box.screen();
+    const int room = screen ? screen->availableGeometry().width() * 4 / 5 - 100 : widest;
+    label->setMinimumWidth(std::min(widest + 2, room));
+}
+
 void showOk(QWidget* parent, QMessageBox::Icon icon, const QString& prompt, const QString& title) {
     QMessageBox box(icon, title, prompt, QMessageBox::Ok, parent);
     // The reason and the file it names can be copied into a report.
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.button(QMessageBox::Ok)->setText(QStringLiteral("OK"));
+    keepLinesWhole(box);
     box.exec();
 }
 }  // namespace
@@ -23,6 +43,7 @@ bool MessageBoxDialogs::question(const QString& prompt, const QString& title) {
     box.button(QMessageBox::No)->setText(QStringLiteral("Ne"));
     box.button(QMessageBox::No)->setShortcut(QKeySequence(Qt::ALT | Qt::Key_N));
     box.setDefaultButton(QMessageBox::Yes);
+    keepLinesWhole(box);
     return box.exec() == QMessageBox::Yes;
 }
 

@@ -1,3 +1,4 @@
+#include "editor_texts.h"
 #include "level_menu.h"
 #include "message_box_dialogs.h"
 #include "minimap_view.h"
@@ -6,6 +7,7 @@
 #include "tool_strip.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -118,6 +120,24 @@ class WindowTest : public QObject {
             });
             QCOMPARE(dialogs.question("Uložit?", "Otázka"), yes);
         }
+    }
+
+    // The help box is wide enough for each of its lines: none wraps.
+    void helpLinesStayWhole() {
+        MessageBoxDialogs dialogs;
+        int wrapped = -1;
+        QTimer::singleShot(50, [&] {
+            QWidget* box = QApplication::activeModalWidget();
+            if (auto* label = box ? box->findChild<QLabel*>("qt_msgbox_label") : nullptr) {
+                const QFontMetrics metrics(label->font());
+                wrapped = 0;
+                for (const QString& line : EditorTexts::helpText().split('\n'))
+                    wrapped += metrics.horizontalAdvance(line) > label->contentsRect().width();
+            }
+            if (box) QTest::keyClick(box, Qt::Key_Return);
+        });
+        dialogs.information(EditorTexts::helpText(), EditorTexts::HelpTitle);
+        QCOMPARE(wrapped, 0);
     }
 
     void paletteStripIsDragged_data() {
