@@ -10,6 +10,8 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace {
 constexpr float StripTop = 8.0f;
 constexpr float ButtonLeft = 8.0f;
@@ -75,9 +77,14 @@ void ToolStrip::createButtons() {
 }
 
 bool ToolStrip::moveViewport(const Placement& next) {
-    const bool moved = MouseSurface::move(next);
     Placement widened = strip->placement();
+    // A strip scrolled to its last entry stays there when the viewport grows, rather than
+    // leaving an empty gap below it; no further down than where it shows the first.
+    const bool atItsEnd = widened.top <= placement().height - widened.height;
+    const bool moved = MouseSurface::move(next);
     widened.width = placement().width;
+    if (atItsEnd && widened.top < placement().height - widened.height)
+        widened.top = std::min(StripTop, placement().height - widened.height);
     strip->move(widened);
     return moved;
 }

@@ -118,6 +118,12 @@ class LargeLevelsTest : public QObject {
         QCOMPARE(palette->stripPlacement().top, 8.0f - 72);
         turnWheel(palette, -120 * 100);
         QCOMPARE(palette->stripPlacement().top, palette->placement().height - 1888);
+        // Growing the window keeps the last entry at the bottom, then the first at the top.
+        editor.window.resize(editor.window.width(), editor.window.height() + 100);
+        QCOMPARE(palette->stripPlacement().top, palette->placement().height - 1888);
+        editor.window.resize(editor.window.width(), 3000);
+        QCOMPARE(palette->stripPlacement().top, 8.0f);
+        editor.window.resize(896, 641);
         turnWheel(palette, 120 * 100);
         QCOMPARE(palette->stripPlacement().top, 8.0f);
 
