@@ -3,6 +3,7 @@
 #include "message_box_dialogs.h"
 #include "minimap_view.h"
 #include "mouse.h"
+#include "outline_shape.h"
 #include "tile_codes.h"
 #include "tool_strip.h"
 
@@ -138,6 +139,24 @@ class WindowTest : public QObject {
         });
         dialogs.information(EditorTexts::helpText(), EditorTexts::HelpTitle);
         QCOMPARE(wrapped, 0);
+    }
+
+    // The outline is whole at every screen scale: each edge shows along its middle.
+    void outlinesKeepEveryEdgeAtAnyScale() {
+        QWidget parent;
+        OutlineShape outline(&parent, QColor(0, 0, 255), "outline");
+        outline.resize(51, 51);
+        for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+            QImage image(QSize(51, 51) * ratio, QImage::Format_ARGB32);
+            image.setDevicePixelRatio(ratio);
+            image.fill(Qt::transparent);
+            outline.render(&image);
+            const int last = image.width() - 1, middle = image.width() / 2;
+            for (const QPoint edge :
+                 {QPoint(middle, 0), QPoint(middle, last), QPoint(0, middle), QPoint(last, middle)})
+                QVERIFY2(image.pixel(edge) == qRgb(0, 0, 255),
+                         qPrintable(QString("%1 at %2").arg(ratio).arg(edge.y())));
+        }
     }
 
     void paletteStripIsDragged_data() {
