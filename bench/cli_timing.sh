@@ -50,13 +50,27 @@ LC_ALL=C awk 'BEGIN {
     for (i = 0; i < 7; ++i) printf "%s\r\n", border
 }' > level.VRK
 "$program" check level.VRK
+# The same size with every cell a random code that has a picture: the hardest to compress.
+LC_ALL=C awk 'BEGIN {
+    srand(32); side = 1000
+    printf "1\r\n %d \r\n %d \r\n", side + 14, side + 14
+    border = sprintf("%0" (side + 14) "d", 0)
+    for (i = 0; i < 7; ++i) printf "%s\r\n", border
+    for (y = 0; y < side; ++y) {
+        row = ""
+        for (x = 0; x < side; ++x) row = row sprintf("%c", 48 + int(rand() * 140))
+        printf "0000000%s0000000\r\n", row
+    }
+    for (i = 0; i < 7; ++i) printf "%s\r\n", border
+}' > random.VRK
 
 echo "load average before: $(cut -d' ' -f1-3 /proc/loadavg)"
 hyperfine -N --style basic --warmup 5 --runs 40 --export-csv start.csv \
     -n "start-up (--version)" "$program --version" \
     -n "check 1000 x 1000" "$program check level.VRK"
 hyperfine -N --style basic --warmup 1 --runs 10 --export-csv render.csv \
-    -n "render 1000 x 1000 at 4 px a cell to PNG" "$program render level.VRK -o level.png --cell-size 4"
+    -n "render 1000 x 1000 at 4 px a cell to PNG" "$program render level.VRK -o level.png --cell-size 4" \
+    -n "render random 1000 x 1000 at 4 px a cell" "$program render random.VRK -o random.png --cell-size 4"
 ls -l level.png | awk '{ printf "PNG: %.1f MB, %s\n", $5 / 1e6, "4000 x 4000 pixels" }'
 
 # The program's own step times over 10 runs, as medians.
@@ -73,9 +87,10 @@ awk -F, -v steps=steps.txt '
     END {
         start = "start-up (--version)"; check = "check 1000 x 1000"
         render = "render 1000 x 1000 at 4 px a cell to PNG"
+        random = "render random 1000 x 1000 at 4 px a cell"
         printf "\n%-42s %10s %10s %10s\n", "figure", "median ms", "min ms", "cpu ms"
-        split(start SUBSEP check SUBSEP render, names, SUBSEP)
-        for (i = 1; i <= 3; ++i)
+        split(start SUBSEP check SUBSEP render SUBSEP random, names, SUBSEP)
+        for (i = 1; i <= 4; ++i)
             printf "%-42s %10.1f %10.1f %10.1f\n", names[i], median[names[i]], low[names[i]], cpu[names[i]]
         # Processor time splits steadily; the wall time moves with whatever else the machine runs.
         printf "\ncheck: processor %.1f ms, of which start-up %.1f (%.0f %%) and the reader with the " \

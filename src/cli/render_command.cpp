@@ -7,6 +7,7 @@
 #include "level_picture.h"
 #include "level_renderer.h"
 #include "level_report.h"
+#include "png_encoder.h"
 #include "render_module.h"
 #include "sprite_sheet.h"
 #include "tile_codes.h"
@@ -161,12 +162,15 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
     // Encoded in memory first, so that the disk's refusal is told with its reason, which an
     // encoder writing straight to the file would turn into a failure of its own.
     QByteArray encoded;
-    QBuffer buffer(&encoded);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format);
-    // zlib's level 2: half the time of Qt's default level for a file about a fifth larger.
-    if (format == "png") writer.setQuality(70);
-    if (!writer.write(picture)) return unsaved(writer.errorString());
+    if (format == "png") {
+        encoded = encodePng(picture.convertToFormat(QImage::Format_RGB32));
+        if (encoded.isEmpty()) return unsaved(QStringLiteral("na obrázek není dost paměti"));
+    } else {
+        QBuffer buffer(&encoded);
+        buffer.open(QIODevice::WriteOnly);
+        QImageWriter writer(&buffer, format);
+        if (!writer.write(picture)) return unsaved(writer.errorString());
+    }
     times.lap("encode");
     // A write the disk cuts short is retried for the rest, so the failing call gives the reason.
     for (qint64 done = 0; done < encoded.size();) {
