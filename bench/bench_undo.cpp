@@ -9,6 +9,8 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <sys/resource.h>
+
 #include <chrono>
 
 namespace {
@@ -137,9 +139,47 @@ void BM_HistoryMemory(benchmark::State& state) {
     }
 }
 
+// The history held to 128 MiB through 80 New and Open of 1000 x 1000 levels of random codes,
+// then every step undone, when each also keeps the level it left: the bytes it counts at both
+// ends, and the process's peak resident memory (run it alone for that figure to be its own).
+void BM_HistoryAtItsLimit(benchmark::State& state) {
+    for (auto _ : state) {
+        QTemporaryDir folder;
+        LevelDocument document{QDir(folder.path())};
+        document.setHistoryLimit(std::size_t(128) << 20);
+        Level file;
+        file.reset(1000, 1000);
+        QRandomGenerator random(2);
+        for (int y = 0; y < 1000; ++y)
+            for (int x = 0; x < 1000; ++x) file.setCell(x, y, qint16(random.bounded(140)));
+        if (!writeLevelFile(file, document.levelFile()).ok()) return state.SkipWithError("file");
+        std::size_t most = 0;
+        for (int replacement = 0; replacement < 80; ++replacement) {
+            if (replacement % 2 == 0)
+                document.newLevel(1000, 1000);
+            else if (!document.open().ok())
+                return state.SkipWithError("open");
+            if (document.repaintGrid()) document.drawFrame(WallToolCode);
+            document.recordReplacement({}, {});
+            most = std::max(most, document.historyBytes());
+        }
+        state.counters["done_history_MiB"] = double(document.historyBytes()) / (1 << 20);
+        while (document.history().canUndo()) {
+            document.undo();
+            most = std::max(most, document.historyBytes());
+        }
+        state.counters["undone_steps"] = document.history().count();
+        state.counters["most_history_MiB"] = double(most) / (1 << 20);
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        state.counters["peak_resident_MiB"] = double(usage.ru_maxrss) / 1024;
+    }
+}
+
 }  // namespace
 
 BENCHMARK(BM_StrokeRecording)->Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_UndoRedoStroke)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_UndoNew)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_HistoryMemory)->Iterations(1)->Repetitions(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_HistoryAtItsLimit)->Iterations(1)->Repetitions(1)->Unit(benchmark::kMillisecond);

@@ -120,6 +120,7 @@ void LevelDocument::undo() {
     stepThroughHistory([&] {
         steps.undo();
         keptBytes = keptBytes - bytes + undone->bytes();
+        dropOldestSteps();
     });
 }
 
@@ -146,20 +147,28 @@ void LevelDocument::push(std::unique_ptr<HistoryStep> step) {
 }
 
 // QUndoStack drops its oldest steps only by a count set while it is empty: over the limit, the
-// stack is rebuilt from copies of the newest steps that fit in seven eighths of it, so that this
-// happens once for every eighth of the limit. Only with nothing to redo: then every step is done.
+// stack is rebuilt from copies of the steps that fit in seven eighths of it, so that this happens
+// once for every eighth of the limit. The steps farthest from the current one go: the oldest
+// done ones first, then the last of those that could be redone.
 void LevelDocument::dropOldestSteps() {
-    if (keptBytes <= historyLimit || steps.index() != steps.count()) return;
-    std::vector<std::unique_ptr<HistoryStep>> newest;
+    if (keptBytes <= historyLimit) return;
+    const int current = steps.index();
     std::size_t bytes = 0;
-    for (int i = steps.count() - 1; i >= 0; --i) {
-        const std::size_t size = stepAt(i)->bytes();
-        if (!newest.empty() && bytes + size > historyLimit / 8 * 7) break;
-        bytes += size;
-        newest.push_back(stepAt(i)->copy());
-    }
+    for (int i = 0; i < steps.count(); ++i) bytes += stepAt(i)->bytes();
+    int first = 0;
+    int end = steps.count();
+    const std::size_t target = historyLimit / 8 * 7;
+    while (bytes > target && first < current) bytes -= stepAt(first++)->bytes();
+    while (bytes > target && end > current && end - first > 1) bytes -= stepAt(--end)->bytes();
+    std::vector<std::unique_ptr<HistoryStep>> kept;
+    for (int i = first; i < end; ++i) kept.push_back(stepAt(i)->copy());
     const QSignalBlocker quiet(&steps);
     steps.clear();
-    for (auto step = newest.rbegin(); step != newest.rend(); ++step) steps.push(step->release());
+    for (auto& step : kept) {
+        // Pushed as done; those that were undone are then undone again without their edit.
+        if (steps.count() >= current - first) step->skipNextUndo();
+        steps.push(step.release());
+    }
+    steps.setIndex(current - first);
     keptBytes = bytes;
 }

@@ -3,7 +3,7 @@
 #include "level.h"
 #include "level_renderer.h"
 
-void PaintStroke::undo() {
+void PaintStroke::undoEdit() {
     SpritePainter& sprites = renderer.sprites();
     for (auto write = record->writes.rbegin(); write != record->writes.rend(); ++write)
         sprites.restoreCell(write->x, write->y, write->before);

@@ -29,11 +29,11 @@ class PaintStroke : public HistoryStep {
         : level(level), renderer(renderer), record(std::move(record)) {}
 
     const StrokeRecord* keeps() const { return record.get(); }
-    void undo() override;
     std::size_t bytes() const override;
     std::unique_ptr<HistoryStep> copy() const override;
 
   protected:
+    void undoEdit() override;
     void redoEdit() override;
 
   private:

@@ -10,7 +10,7 @@ ReplaceLevel::ReplaceLevel(Show show, Keep keep, ShownLevel before, LevelView af
     : ReplaceLevel(std::move(show), std::move(keep),
                    std::make_shared<Levels>(Levels{std::move(before), std::move(afterView), {}})) {}
 
-void ReplaceLevel::undo() {
+void ReplaceLevel::undoEdit() {
     // Every later step is undone by now, so the document holds the level exactly as this step
     // left it: New and Open need not pack it, and most of them are never undone.
     if (!levels->after) levels->after = ShownLevel{keep(), levels->afterView};

@@ -23,11 +23,11 @@ class ReplaceLevel : public HistoryStep {
 
     ReplaceLevel(Show show, Keep keep, ShownLevel before, LevelView afterView);
 
-    void undo() override;
     std::size_t bytes() const override;
     std::unique_ptr<HistoryStep> copy() const override;
 
   protected:
+    void undoEdit() override;
     void redoEdit() override { show(*levels->after); }
 
   private:
