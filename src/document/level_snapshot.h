@@ -13,11 +13,9 @@ class Level;
 class LevelRenderer;
 
 // What the window shows beside the level that New and Open change: the map's place in the
-// view and the texts of the two size fields.
+// view (the size fields show the level's own size).
 struct LevelView {
     QPointF mapPosition;
-    QString widthText;
-    QString heightText;
 };
 
 // A whole level as the editor holds it, kept small: the grid compressed, and a canvas only

@@ -1,11 +1,5 @@
 #include "replace_level.h"
 
-namespace {
-std::size_t viewBytes(const LevelView& view) {
-    return std::size_t(view.widthText.capacity() + view.heightText.capacity()) * sizeof(QChar);
-}
-}  // namespace
-
 ReplaceLevel::ReplaceLevel(Show show, Keep keep, ShownLevel before, LevelView afterView)
     : ReplaceLevel(std::move(show), std::move(keep),
                    std::make_shared<Levels>(Levels{std::move(before), std::move(afterView), {}})) {}
@@ -20,7 +14,7 @@ void ReplaceLevel::undoEdit() {
 std::size_t ReplaceLevel::bytes() const {
     const std::size_t after = levels->after ? levels->after->snapshot.bytes() : 0;
     return sizeof(ReplaceLevel) + QtShare + sizeof(Levels) + levels->before.snapshot.bytes() +
-           after + viewBytes(levels->before.view) + viewBytes(levels->afterView);
+           after;
 }
 
 std::unique_ptr<HistoryStep> ReplaceLevel::copy() const {

@@ -75,7 +75,7 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
 }
 
 // Window-wide keys, each running its button's flow. A size field with the focus keeps its own
-// undo and redo: a line edit claims those keys before the window's shortcuts see them.
+// undo and redo while it has typing to take back; after that they reach the level's history.
 void EditorWindow::addKeys() {
     const auto addKey = [this](const QList<QKeySequence>& keys, auto run) {
         auto* action = new QAction(this);
@@ -138,6 +138,7 @@ bool EditorWindow::makeNewLevel() {
         return false;
     }
     document.newLevel(*width, *height);
+    levelMenu->showSizes(*width, *height);
     redrawLevel();
     layOutControls();
     return true;
@@ -165,13 +166,13 @@ void EditorWindow::showHelp() {
 
 LevelView EditorWindow::shownView() const {
     const Placement map = mapViewport->mapPlacement();
-    return {QPointF(map.left, map.top), levelMenu->widthText(), levelMenu->heightText()};
+    return {QPointF(map.left, map.top)};
 }
 
 // An undo or redo brought back a whole level, already painted: the window shows it as it
 // was shown then, and as a redraw would when its repaint stopped.
 void EditorWindow::showLevelFromHistory(const LevelView& view, bool painted) {
-    levelMenu->showSizeTexts(view.widthText, view.heightText);
+    levelMenu->showSizes(document.level().width(), document.level().height());
     sizeMapAndMinimap();
     mapViewport->moveMapTo(view.mapPosition);
     layOutControls();

@@ -2,6 +2,7 @@
 
 #include "editor_look.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -41,6 +42,8 @@ LevelMenu::LevelMenu(QWidget* parent) : QGroupBox(QStringLiteral("Menu"), parent
     connect(newButton, &QPushButton::clicked, this, &LevelMenu::newRequested);
     connect(openButton, &QPushButton::clicked, this, &LevelMenu::openRequested);
     connect(saveButton, &QPushButton::clicked, this, &LevelMenu::saveRequested);
+    widthField->installEventFilter(this);
+    heightField->installEventFilter(this);
     connect(widthField, &QLineEdit::returnPressed, this, &LevelMenu::newRequested);
     connect(heightField, &QLineEdit::returnPressed, this, &LevelMenu::newRequested);
 }
@@ -54,10 +57,23 @@ QString LevelMenu::heightText() const {
 }
 
 void LevelMenu::showSizes(int width, int height) {
-    showSizeTexts(QString::number(width), QString::number(height));
+    widthField->setText(QString::number(width));
+    heightField->setText(QString::number(height));
 }
 
-void LevelMenu::showSizeTexts(const QString& width, const QString& height) {
-    widthField->setText(width);
-    heightField->setText(height);
+// A field claims the undo and redo keys for its own typing even when it has none to take
+// back; then they belong to the window, which takes back the level's steps.
+bool LevelMenu::eventFilter(QObject* watched, QEvent* event) {
+    auto* field = qobject_cast<QLineEdit*>(watched);
+    if (!field || event->type() != QEvent::ShortcutOverride) return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    const bool undo = key->matches(QKeySequence::Undo);
+    const bool redo = key->matches(QKeySequence::Redo) ||
+                      key->keyCombination() == QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_Z) ||
+                      key->keyCombination() == QKeyCombination(Qt::CTRL, Qt::Key_Y);
+    if ((undo && !field->isUndoAvailable()) || (redo && !field->isRedoAvailable())) {
+        event->ignore();
+        return true;
+    }
+    return false;
 }

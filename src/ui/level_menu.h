@@ -21,13 +21,16 @@ class LevelMenu : public QGroupBox {
 
     QString widthText() const;
     QString heightText() const;
+    // Shows the sizes of the level on screen; the fields' own undo starts anew.
     void showSizes(int width, int height);
-    void showSizeTexts(const QString& width, const QString& height);
 
   signals:
     void newRequested();
     void openRequested();
     void saveRequested();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     Placement place;

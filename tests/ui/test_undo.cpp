@@ -10,7 +10,7 @@ class UndoTest : public QObject {
 
   private slots:
     // The keys on the real window: a stroke is one step, New and Open are steps, and a size
-    // field keeps its own undo.
+    // field keeps its own undo only while it has typing to take back.
     void keysTakeBackStrokesNewAndOpen() {
         Editor editor(QSize(25, 24));  // started on this level file
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
@@ -34,30 +34,36 @@ class UndoTest : public QObject {
         stroke({7});  // the cell painted last paints again after an undo
         QVERIFY(isWallPiece(editor.level.cell(7, 5)));
 
-        // Enter in a size field runs New; Ctrl+Z there undoes the typing, not the New, until a
-        // click on the palette; the undo brings back the map's place and the fields' texts.
+        // Enter in a size field runs New; Ctrl+Z there first undoes the typing, and once the
+        // typing is used, the New, wherever the focus is; the undo brings back the map's place
+        // and the fields show the size of the level shown.
         press(editor.map, {300, 300}, Qt::RightButton);
         drag(editor.map, {240, 260}, Qt::RightButton);
         const QByteArray beforeNew = bytes();
         widthField->setFocus();
         widthField->selectAll();
+        QTest::keyClicks(widthField, "31");
+        key(Qt::Key_Z);
+        QCOMPARE(widthField->text(), "25");
+        QCOMPARE(history.count(), 1);
+        widthField->selectAll();
         QTest::keyClicks(widthField, "30\r");
         QCOMPARE(editor.level.width(), 30);
         key(Qt::Key_Z);
-        QCOMPARE(widthField->text(), "25");
-        QCOMPARE(editor.level.width(), 30);
-        QTest::mouseClick(editor.part<QToolButton>("toolButton_25"), Qt::LeftButton);
-        key(Qt::Key_Z);
         QCOMPARE(bytes(), beforeNew);
-        QCOMPARE(widthField->text(), "30");
+        QCOMPARE(widthField->text(), "25");
         QCOMPARE(editor.viewport->mapPlacement().left, -60.0f);
         key(Qt::Key_Y);
         QCOMPARE(editor.level.width(), 30);
+        QCOMPARE(widthField->text(), "30");
+        QTest::mouseClick(editor.part<QToolButton>("toolButton_25"), Qt::LeftButton);
 
         key(Qt::Key_O);
         QCOMPARE(editor.level.width(), 25);
+        widthField->setText("99");  // typed, never used
         key(Qt::Key_Z);
         QCOMPARE(editor.level.width(), 30);
+        QCOMPARE(widthField->text(), "30");
         key(Qt::Key_F1, Qt::NoModifier);
         QVERIFY(editor.dialogs.shown.last().contains(EditorTexts::HelpTitle));
         key(Qt::Key_N);  // a New after an undo: the Open that could be redone goes
