@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QColor>
+#include <QPointF>
 #include <QRect>
 
 #include <functional>
 #include <vector>
 
+class QImage;
 class QPainter;
 
 inline constexpr int MinimapCellSize = 6;
@@ -20,9 +22,13 @@ inline constexpr QRgb ItemDotColour = qRgb(0, 0, 255);
 inline constexpr int LargestFullSizeMinimapSide = 40;
 inline constexpr int MinimapBoxSide = LargestFullSizeMinimapSide * MinimapCellSize;
 
-// How the minimap is shown: `shown` pixels for every `full` pixels of the full-size surface
-// (6 a cell), kept as a fraction so that pixel edges are exact.
-struct MinimapScale {
+// The thinnest a shrunk minimap is drawn across its short side: a very long, narrow level is
+// stretched that way, so that it can be seen and clicked.
+inline constexpr int ThinnestMinimapSide = 12;
+
+// How one axis of the minimap is shown: `shown` pixels for every `full` pixels of the
+// full-size surface (6 a cell), kept as a fraction so that pixel edges are exact.
+struct AxisScale {
     int shown = 1;
     int full = 1;
 
@@ -30,6 +36,16 @@ struct MinimapScale {
     // A shown length as the full-size length it stands for, and back.
     float toFull(float shownPixels) const;
     float toShown(float fullPixels) const;
+};
+
+// How the minimap is shown, across and down: the same fraction both ways but where a level's
+// short side is stretched to ThinnestMinimapSide.
+struct MinimapScale {
+    AxisScale across;
+    AxisScale down;
+
+    bool isFull() const { return across.isFull() && down.isFull(); }
+    QPointF toFull(QPointF shown) const;
     // The shown pixels that show any of these full-size pixels.
     QRect shownRect(const QRect& fullPixels) const;
 };
@@ -69,6 +85,8 @@ class MinimapCanvas {
     // pixel blends the dots under it by the area they cover there, except that a pixel with
     // any figure under it is the figure's red, else one with any item the items' blue, and
     // that whatever is not floor shows at least half strong: a lone cell never fades away.
+    // Where a cell is shown under 2 pixels, each figure is a 3 x 3 square of its red, so its
+    // changes reach one pixel beyond the cell's own.
     QSize shownSize(MinimapScale scale) const;
     void paintScaled(QPainter& painter, const QRect& exposed, MinimapScale scale) const;
 
@@ -86,6 +104,7 @@ class MinimapCanvas {
     static constexpr int BlockDots = 16;
     int blocksPerRow() const { return width / BlockDots + 1; }
     void markBlocks(int y, int end);
+    void markFigures(QImage& image, const QRect& area, MinimapScale scale) const;
 
     std::vector<QRgb> dots;           // (width + 1) x (height + 1)
     std::vector<quint8> notAllFloor;  // blocksPerRow() x (height + 1)

@@ -26,7 +26,7 @@ struct Overlap {
 };
 
 // The overlaps of shown pixels first..last, in order of pixels and so also of cells.
-std::vector<Overlap> overlapsOf(int first, int last, int cells, MinimapScale scale) {
+std::vector<Overlap> overlapsOf(int first, int last, int cells, AxisScale scale) {
     const qint64 dot = qint64{MinimapCellSize} * scale.shown;
     const qint64 reach = DotReach * scale.shown;
     const qint64 surfaceEnd = qint64{cells} * dot;
@@ -84,46 +84,65 @@ QRgb colourOf(const PixelSum& sum, float perArea) {
 }
 }  // namespace
 
-float MinimapScale::toFull(float shownPixels) const {
+float AxisScale::toFull(float shownPixels) const {
     return shownPixels * static_cast<float>(full) / static_cast<float>(shown);
 }
 
-float MinimapScale::toShown(float fullPixels) const {
+float AxisScale::toShown(float fullPixels) const {
     return fullPixels * static_cast<float>(shown) / static_cast<float>(full);
+}
+
+QPointF MinimapScale::toFull(QPointF shown) const {
+    return {across.toFull(static_cast<float>(shown.x())),
+            down.toFull(static_cast<float>(shown.y()))};
 }
 
 QRect MinimapScale::shownRect(const QRect& fullPixels) const {
     if (isFull() || fullPixels.isEmpty()) return fullPixels;
-    const auto from = [&](qint64 first) {
-        return static_cast<int>(floorDivide(first * shown, full));
+    const auto from = [](qint64 first, AxisScale axis) {
+        return static_cast<int>(floorDivide(first * axis.shown, axis.full));
     };
-    const auto to = [&](qint64 end) {
-        return static_cast<int>(floorDivide(end * shown - 1, full));
+    const auto to = [](qint64 end, AxisScale axis) {
+        return static_cast<int>(floorDivide(end * axis.shown - 1, axis.full));
     };
-    return {QPoint(from(fullPixels.left()), from(fullPixels.top())),
-            QPoint(to(fullPixels.right() + qint64{1}), to(fullPixels.bottom() + qint64{1}))};
+    return {QPoint(from(fullPixels.left(), across), from(fullPixels.top(), down)),
+            QPoint(to(fullPixels.right() + qint64{1}, across),
+                   to(fullPixels.bottom() + qint64{1}, down))};
 }
+
+namespace {
+AxisScale reduced(int shown, int full) {
+    const int common = std::gcd(shown, full);
+    return {shown / common, full / common};
+}
+
+// A short side shown thinner than ThinnestMinimapSide is stretched to it, or shown whole.
+AxisScale atLeastThinnest(AxisScale scale, int cells) {
+    const int full = cells * MinimapCellSize;
+    if (qint64{full} * scale.shown >= qint64{ThinnestMinimapSide} * scale.full) return scale;
+    return full <= ThinnestMinimapSide ? AxisScale{} : reduced(ThinnestMinimapSide, full);
+}
+}  // namespace
 
 MinimapScale minimapScaleFor(int columns, int rows) {
     const int side = std::max(columns, rows);
     if (side <= LargestFullSizeMinimapSide) return {};
-    const int full = side * MinimapCellSize;
-    const int common = std::gcd(MinimapBoxSide, full);
-    return {MinimapBoxSide / common, full / common};
+    const AxisScale box = reduced(MinimapBoxSide, side * MinimapCellSize);
+    return {atLeastThinnest(box, columns), atLeastThinnest(box, rows)};
 }
 
 QSize MinimapCanvas::shownSize(MinimapScale scale) const {
-    auto shown = [&](int cells) {
-        const qint64 full = qint64{cells} * MinimapCellSize * scale.shown;
-        return static_cast<int>((full + scale.full - 1) / scale.full);
+    auto shown = [&](int cells, AxisScale axis) {
+        const qint64 full = qint64{cells} * MinimapCellSize * axis.shown;
+        return static_cast<int>((full + axis.full - 1) / axis.full);
     };
-    return {shown(width), shown(height)};
+    return {shown(width, scale.across), shown(height, scale.down)};
 }
 
 void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, MinimapScale scale) const {
     const QRect area = exposed.intersected(QRect(QPoint(0, 0), shownSize(scale)));
     if (area.isEmpty()) return;
-    const std::vector<Overlap> across = overlapsOf(area.left(), area.right(), width, scale);
+    const std::vector<Overlap> across = overlapsOf(area.left(), area.right(), width, scale.across);
     const std::vector<std::size_t> acrossByCell = overlapsByCell(across);
     const int firstColumn = across.front().cell;
     const int endColumn = firstColumn + static_cast<int>(acrossByCell.size()) - 1;
@@ -148,7 +167,7 @@ void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, Minimap
     for (int y = 0; y < area.height(); ++y) {
         std::fill(sums.begin(), sums.end(), PixelSum{});
         qint64 pixelHeight = 0;
-        for (const Overlap& down : overlapsOf(area.top() + y, area.top() + y, height, scale)) {
+        for (const Overlap& down : overlapsOf(area.top() + y, area.top() + y, height, scale.down)) {
             pixelHeight += down.length;
             const auto downLength = static_cast<float>(down.length);
             const QRgb* line =
@@ -185,5 +204,46 @@ void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, Minimap
         for (std::size_t x = 0; x < shownWidth; ++x)
             pixels[x] = colourOf(sums[x], perWidth[x] * perHeight);
     }
+    markFigures(image, area, scale);
     painter.drawImage(area.topLeft(), image);
+}
+
+// Where a cell is shown under 2 pixels, a figure would be a single pixel, easily missed: it
+// is drawn as a 3 x 3 square of its red around the pixel of its cell's centre. The figures
+// whose squares reach into `area` are found among the marked blocks of the cells under it
+// and one pixel beyond.
+void MinimapCanvas::markFigures(QImage& image, const QRect& area, MinimapScale scale) const {
+    const auto small = [](AxisScale axis) {
+        return qint64{MinimapCellSize} * axis.shown < 2 * qint64{axis.full};
+    };
+    if (!small(scale.across) && !small(scale.down)) return;
+    const auto cellAt = [](int pixel, AxisScale axis, int cells) {
+        const qint64 full = floorDivide(qint64{pixel} * axis.full, axis.shown);
+        return static_cast<int>(std::clamp<qint64>(full / MinimapCellSize, 0, cells));
+    };
+    const auto centre = [](int cell, AxisScale axis) {
+        return static_cast<int>(qint64{cell} * MinimapCellSize * axis.shown / axis.full);
+    };
+    const int firstColumn = cellAt(area.left() - 2, scale.across, width);
+    const int lastColumn = std::min(width, cellAt(area.right() + 2, scale.across, width) + 1);
+    const int firstRow = cellAt(area.top() - 2, scale.down, height);
+    const int lastRow = std::min(height, cellAt(area.bottom() + 2, scale.down, height) + 1);
+    for (int y = firstRow; y <= lastRow; ++y) {
+        const QRgb* line = dots.data() + static_cast<std::size_t>(y) * (width + 1);
+        const quint8* marks = notAllFloor.data() + static_cast<std::size_t>(y) * blocksPerRow();
+        for (int x = firstColumn; x <= lastColumn; ++x) {
+            if (marks[x / BlockDots] == 0) {
+                x = (x / BlockDots + 1) * BlockDots - 1;
+                continue;
+            }
+            if (line[x] != FigureDotColour) continue;
+            const QRect square = QRect(centre(x, scale.across) - 1, centre(y, scale.down) - 1, 3, 3)
+                                     .intersected(area)
+                                     .translated(-area.topLeft());
+            for (int py = square.top(); py <= square.bottom(); ++py) {
+                auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(py));
+                std::fill(pixels + square.left(), pixels + square.right() + 1, FigureDotColour);
+            }
+        }
+    }
 }

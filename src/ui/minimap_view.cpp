@@ -21,7 +21,9 @@ MinimapView::MinimapView(QWidget* parent, MinimapCanvas& canvas)
     setAttribute(Qt::WA_OpaquePaintEvent);
     canvas.setChangeListener([this](const QRect& pixels) {
         if (deferred) return;
-        const QRect changed = shown.shownRect(pixels);
+        // A figure's square reaches a pixel beyond its cell.
+        const QRect changed =
+            shown.isFull() ? pixels : shown.shownRect(pixels).adjusted(-1, -1, 1, 1);
         if (!shown.isFull()) stale += changed;
         update(changed);
     });
@@ -45,19 +47,19 @@ void MinimapView::setScale(MinimapScale scale) {
 
 QSizeF MinimapView::shownSize(int columns, int rows) const {
     const float dot = MinimapCellSize;
-    return {shown.toShown(dot * static_cast<float>(columns)),
-            shown.toShown(dot * static_cast<float>(rows))};
+    return {shown.across.toShown(dot * static_cast<float>(columns)),
+            shown.down.toShown(dot * static_cast<float>(rows))};
 }
 
 void MinimapView::showViewFrame(const Placement& frame) {
     if (shown.isFull()) return viewFrame->move(frame);
-    viewFrame->move({shown.toShown(frame.left), shown.toShown(frame.top),
-                     shown.toShown(frame.width), shown.toShown(frame.height)});
+    viewFrame->move({shown.across.toShown(frame.left), shown.down.toShown(frame.top),
+                     shown.across.toShown(frame.width), shown.down.toShown(frame.height)});
 }
 
 QPointF MinimapView::onMap(QPointF position) const {
-    return {::onMap(shown.toFull(static_cast<float>(position.x()))),
-            ::onMap(shown.toFull(static_cast<float>(position.y())))};
+    const QPointF full = shown.toFull(position);
+    return {::onMap(static_cast<float>(full.x())), ::onMap(static_cast<float>(full.y()))};
 }
 
 void MinimapView::minimapPressed(Qt::MouseButtons button, QPointF position) {

@@ -27,6 +27,9 @@ class LargeLevelsTest : public QObject {
         QTest::newRow("41 x 41") << QSize(41, 41) << QSizeF(240, 240);
         QTest::newRow("20 x 200") << QSize(20, 200) << QSizeF(24, 240);
         QTest::newRow("1000 x 500") << QSize(1000, 500) << QSizeF(240, 120);
+        QTest::newRow("1000 x 3") << QSize(1000, 3) << QSizeF(240, 12);  // the short side stretched
+        QTest::newRow("3 x 1000") << QSize(3, 1000) << QSizeF(12, 240);
+        QTest::newRow("1000 x 10") << QSize(1000, 10) << QSizeF(240, 12);
     }
     void controlsStayClearOfEachOther() {
         QFETCH(QSize, level);
@@ -37,7 +40,9 @@ class LargeLevelsTest : public QObject {
         auto* minimapView = editor.part<MinimapView>("minimapSurface");
         QCOMPARE(minimapView->placement(),
                  (Placement{10, 17, float(minimap.width()), float(minimap.height())}));
-        const auto column = float(std::min(240, level.width() * 6));  // the widest minimap
+        // As wide as the minimap; a shrunk one's at least as wide as a 20-column level's.
+        const bool shrunk = std::max(level.width(), level.height()) > 40;
+        const auto column = float(shrunk ? std::max(minimap.width(), 120.0) : minimap.width());
         QCOMPARE(editor.part<LevelMenu>("levelMenu")->placement().width, column);
         QCOMPARE(editor.viewport->placement().left, column + 20);
         QVERIFY(editor.part<ToolStrip>("toolStripViewport")->placement().height > 0);
@@ -91,9 +96,14 @@ class LargeLevelsTest : public QObject {
         const QImage image = shown();
         for (QPoint wall : {QPoint(119, 119), QPoint(120, 120), QPoint(72, 72)})  // half dark
             QVERIFY(qGray(image.pixel(wall)) <= qGray(MinimapBackground) / 2 + 1);
-        QCOMPARE(image.pixel(24, 23), qRgb(255, 0, 0));
-        const QRect part(140, 141, 9, 7);  // painted alone, across the walls' corner
-        QCOMPARE(shown(part).copy(part), image.copy(part));
+        // The hero is a 3 x 3 square of red round its centre's pixel, also when only a part
+        // of the square is painted.
+        for (int y = 22; y <= 26; ++y)
+            for (int x = 22; x <= 26; ++x)
+                QCOMPARE(image.pixel(x, y) == qRgb(255, 0, 0),
+                         qAbs(x - 24) <= 1 && qAbs(y - 24) <= 1);
+        for (const QRect part : {QRect(140, 141, 9, 7), QRect(25, 20, 6, 4)})  // painted alone
+            QCOMPARE(shown(part).copy(part), image.copy(part));
     }
 
     void wheelMovesTheMapAndThePaletteWithinTheirEnds() {
