@@ -1,5 +1,7 @@
 #include "editor_command_line.h"
 
+#include "file_names.h"
+
 #include "level_file.h"
 #include "sprite_sheet.h"
 
@@ -10,6 +12,7 @@
 #include <optional>
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -44,13 +47,26 @@ QString helpText(const QList<QCommandLineOption>& options) {
     return text;
 }
 
+// What stands at a path, asked by its exact name.
+struct PathStatus {
+    bool exists = false;
+    bool folder = false;
+    bool file = false;
+};
+PathStatus statusAt(const QString& path) {
+    struct stat info {};
+    if (!statusOf(path, info)) return {};
+    return {true, S_ISDIR(info.st_mode), S_ISREG(info.st_mode)};
+}
+
 // The level file must be readable when it exists. Whether it can be saved is Save's question,
 // however the level was named: a read-only level opens, and Save then says why it cannot.
-std::optional<QString> unusable(const QFileInfo& level) {
-    if (level.exists() && !level.isFile())
-        return QStringLiteral("%1 není soubor levelu.").arg(level.filePath());
-    if (level.exists() && !level.isReadable())
-        return QStringLiteral("Soubor %1 nelze číst.").arg(level.filePath());
+std::optional<QString> unusable(const QString& level) {
+    const PathStatus status = statusAt(level);
+    if (status.exists && !status.file)
+        return QStringLiteral("%1 není soubor levelu.").arg(shownFileName(level));
+    if (status.exists && ::access(fileNameToBytes(level).constData(), R_OK) != 0)
+        return QStringLiteral("Soubor %1 nelze číst.").arg(shownFileName(level));
     return std::nullopt;
 }
 
@@ -90,22 +106,24 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
     if (paths.size() > 1)
         return failure(2, QStringLiteral("Zadejte nejvýš jednu CESTU.") + seeHelp);
 
-    QFileInfo level;
+    QString level;
     if (!paths.isEmpty()) {
-        const QFileInfo path(QDir::cleanPath(QDir(currentFolder).absoluteFilePath(paths[0])));
-        const QString folder = path.absolutePath();
-        if (path.isDir()) {
-            level = QFileInfo(QDir(path.filePath()), LevelFileName);
-        } else if (path.exists() && !path.isFile()) {
-            return failure(1, QStringLiteral("%1 není soubor ani složka.").arg(path.filePath()));
-        } else if (path.exists() || (path.suffix().compare("vrk", Qt::CaseInsensitive) == 0 &&
-                                     QFileInfo(folder).isDir())) {
-            level = path;
-        } else if (!QFileInfo(folder).isDir()) {
-            return failure(1, QStringLiteral("Složka %1 neexistuje.").arg(folder));
-        } else {
+        const QString path = QDir::cleanPath(QDir(currentFolder).absoluteFilePath(paths[0]));
+        const QString folder = QFileInfo(path).absolutePath();
+        const PathStatus status = statusAt(path);
+        const bool levelName = QFileInfo(path).suffix().compare("vrk", Qt::CaseInsensitive) == 0;
+        if (status.folder) {
+            level = QDir(path).filePath(LevelFileName);
+        } else if (status.exists && !status.file) {
             return failure(1,
-                           QStringLiteral("Soubor ani složka %1 neexistuje.").arg(path.filePath()));
+                           QStringLiteral("%1 není soubor ani složka.").arg(shownFileName(path)));
+        } else if (status.exists || (levelName && statusAt(folder).folder)) {
+            level = path;
+        } else if (!statusAt(folder).folder) {
+            return failure(1, QStringLiteral("Složka %1 neexistuje.").arg(shownFileName(folder)));
+        } else {
+            return failure(
+                1, QStringLiteral("Soubor ani složka %1 neexistuje.").arg(shownFileName(path)));
         }
     } else if (parser.isSet(QStringLiteral("varnok-folder"))) {
         if (homeFolder.isEmpty())
@@ -116,18 +134,19 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
         const QString folder = QDir(homeFolder).absoluteFilePath(MenuFolderName);
         if (!QDir().mkpath(folder))
             return failure(1, QStringLiteral("Složku %1 nelze vytvořit.").arg(folder));
-        level = QFileInfo(QDir(folder), LevelFileName);
+        level = QDir(folder).filePath(LevelFileName);
     } else {
         // The current folder is taken as it is, whatever can be done there.
-        level = QFileInfo(QDir(currentFolder), LevelFileName);
+        level = QDir(currentFolder).filePath(LevelFileName);
     }
     if (!paths.isEmpty() || parser.isSet(QStringLiteral("varnok-folder"))) {
         if (const auto message = unusable(level)) return failure(1, *message);
     }
 
     launch.action = EditorLaunch::Action::Run;
-    launch.levelFile = QDir::cleanPath(level.absoluteFilePath());
-    launch.spriteSheet = QDir(level.absolutePath()).filePath(SpriteSheetFileName);
+    launch.levelFile = QDir::cleanPath(QFileInfo(level).absoluteFilePath());
+    launch.spriteSheet =
+        QDir(QFileInfo(launch.levelFile).absolutePath()).filePath(SpriteSheetFileName);
     return launch;
 }
 

@@ -1,5 +1,6 @@
 #include "editor_command_line.h"
 #include "editor_window.h"
+#include "file_names.h"
 #include "level_document.h"
 #include "message_box_dialogs.h"
 
@@ -17,7 +18,8 @@
 int main(int argc, char** argv) {
     // Help, version and a path the editor cannot use are answered before a display is needed.
     QStringList arguments;
-    for (int i = 0; i < argc; ++i) arguments << QFile::decodeName(argv[i]);
+    for (int i = 0; i < argc; ++i)
+        arguments << fileNameFromBytes(QByteArray(argv[i]));  // any bytes
     const EditorLaunch launch =
         parseEditorCommandLine(arguments, QDir::currentPath(), userHomeFolder());
     if (launch.action == EditorLaunch::Action::Print) std::fputs(qPrintable(launch.text), stdout);

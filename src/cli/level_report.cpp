@@ -2,6 +2,7 @@
 
 #include "level.h"
 
+#include "file_names.h"
 #include "level_file.h"
 
 #include <QFileInfo>
@@ -31,7 +32,7 @@ QJsonObject LevelReport::json() const {
 
 QString noPictureMessage(const QString& path, const Level& level, QPoint cell) {
     return QStringLiteral("Soubor %1: kód %2 v buňce (%3, %4) nemá obrázek.")
-        .arg(QFileInfo(path).fileName())
+        .arg(shownFileName(QFileInfo(path).fileName()))
         .arg(level.cell(cell.x(), cell.y()))
         .arg(cell.x())
         .arg(cell.y());
@@ -39,7 +40,7 @@ QString noPictureMessage(const QString& path, const Level& level, QPoint cell) {
 
 LevelReport reportLevel(const QString& path, Level& level) {
     LevelReport report;
-    report.file = path;
+    report.file = shownFileName(path);  // as typed, with bytes that are not UTF-8 escaped
     const LevelReadResult result = readLevelFile(level, path);
     if (!result.ok()) {
         report.messages << result.refusal;

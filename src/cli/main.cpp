@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands.h"
 #include "console.h"
+#include "file_names.h"
 
 #include <QCoreApplication>
 
@@ -21,7 +22,10 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("varnok-level"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VARNOK_VERSION));
 
-    const ParsedCommandLine parsed = parseCommandLine(QCoreApplication::arguments());
+    // Taken from argv byte for byte: a file name need not be UTF-8.
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments << fileNameFromBytes(QByteArray(argv[i]));
+    const ParsedCommandLine parsed = parseCommandLine(arguments);
     switch (parsed.outcome) {
         case ParsedCommandLine::Outcome::Help:
         case ParsedCommandLine::Outcome::Version:

@@ -1,6 +1,8 @@
+#include "atomic_file.h"
 #include "command_line.h"
 #include "commands.h"
 #include "console.h"
+#include "file_names.h"
 #include "file_reasons.h"
 #include "level.h"
 #include "level_file.h"
@@ -18,8 +20,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageWriter>
-#include <QSaveFile>
 
+#include <cerrno>
+#include <cstring>
 #include <ctime>
 
 namespace {
@@ -45,11 +48,11 @@ SpriteSheet chooseSheet(const Invocation& invocation, QString& problem) {
         QStringLiteral(
             "Obrázek %1 nelze načíst (je poškozený, neúplný, nebo menší než %2 × %3 "
             "pixelů)")
-            .arg(path)
+            .arg(shownFileName(path))
             .arg(SheetColumns)
             .arg(SheetRows);
     if (named && state == SpriteSheet::FileState::Missing)
-        problem = QStringLiteral("Obrázek %1 nebyl nalezen.").arg(path);
+        problem = QStringLiteral("Obrázek %1 nebyl nalezen.").arg(shownFileName(path));
     else if (named && state == SpriteSheet::FileState::Unusable)
         problem = unusable + QStringLiteral(".");
     else if (state == SpriteSheet::FileState::Unusable)
@@ -104,7 +107,7 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
     if (!read.warning.isEmpty()) printError(QStringLiteral("varnok-level: ") + read.warning);
     if (level.width() == 0 || level.height() == 0)
         return fail(QStringLiteral("Level v souboru %1 má rozměr %2 × %3, není co vykreslit.")
-                        .arg(file)
+                        .arg(shownFileName(file))
                         .arg(level.width())
                         .arg(level.height()));
 
@@ -130,7 +133,8 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
         // A name the program cannot write is a usage error: nothing was read or drawn.
         printError(QStringLiteral("varnok-level: Obrázek %1: přípona „.%2“ není formát obrázku, "
                                   "který umím zapsat; použijte jednu z těchto: %3.")
-                       .arg(invocation.output, QFileInfo(invocation.output).suffix(),
+                       .arg(shownFileName(invocation.output),
+                            shownFileName(QFileInfo(invocation.output).suffix()),
                             suffixes.join(QStringLiteral(", "))));
         return ExitWrongUsage;
     }
@@ -143,13 +147,15 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
     // Written beside the target and renamed over it only when complete: a failure leaves no
     // half-written picture and an older one as it was. Opened before any drawing, so that a
     // place it cannot be written to is told at once.
-    QSaveFile out(invocation.output);
+    AtomicFile out(invocation.output);
     const auto unsaved = [&](const QString& reason) {
-        return fail(QStringLiteral("Obrázek %1 nelze uložit: %2").arg(invocation.output, reason));
+        return fail(QStringLiteral("Obrázek %1 nelze uložit: %2")
+                        .arg(shownFileName(invocation.output), reason));
     };
+    const auto systemReason = [] { return QString::fromLocal8Bit(strerror(errno)); };
     if (const QString refusal = notAPlainFile(invocation.output); !refusal.isEmpty())
         return unsaved(refusal);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return unsaved(out.errorString());
+    if (!out.open()) return unsaved(systemReason());
 
     LevelRenderer renderer(level);
     if (!redrawAsAtStartUp(renderer))
@@ -172,13 +178,8 @@ extern "C" Q_DECL_EXPORT int varnokLevelRender(const Invocation& invocation) {
         if (!writer.write(picture)) return unsaved(writer.errorString());
     }
     times.lap("encode");
-    // A write the disk cuts short is retried for the rest, so the failing call gives the reason.
-    for (qint64 done = 0; done < encoded.size();) {
-        const qint64 written = out.write(encoded.constData() + done, encoded.size() - done);
-        if (written <= 0) return unsaved(out.errorString());
-        done += written;
-    }
-    if (!out.commit()) return unsaved(out.errorString());
+    if (!out.write(encoded.constData(), encoded.size()) || !out.commit())
+        return unsaved(systemReason());
     times.lap("write");
     return ExitOk;
 }

@@ -1,6 +1,6 @@
 #include "file_reasons.h"
 
-#include <QFile>
+#include "file_names.h"
 
 #include <sys/stat.h>
 
@@ -31,9 +31,7 @@ QString czechFileReason(int systemError, const QString& systemText) {
 QString notAPlainFile(const QString& path) {
     struct stat info {};
     // A folder is left out: no rename can replace it, and writing there fails on its own.
-    if (::stat(QFile::encodeName(path).constData(), &info) != 0 || S_ISREG(info.st_mode) ||
-        S_ISDIR(info.st_mode))
-        return {};
+    if (!statusOf(path, info) || S_ISREG(info.st_mode) || S_ISDIR(info.st_mode)) return {};
     const auto kind = [&] {
         if (S_ISFIFO(info.st_mode)) return QStringLiteral("pojmenovaná roura (FIFO)");
         if (S_ISSOCK(info.st_mode)) return QStringLiteral("socket");

@@ -1,5 +1,7 @@
 #include "level_file.h"
 
+#include "atomic_file.h"
+#include "file_names.h"
 #include "file_reasons.h"
 #include "level.h"
 #include "line_reader.h"
@@ -8,7 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIODevice>
-#include <QSaveFile>
+
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -27,7 +30,7 @@ constexpr qint64 LargestLevelFile =
     qint64(MaxLevelSide + 2 * FileBorder) * (MaxLevelSide + 2 * FileBorder + 2);
 
 QString shownName(const QString& path) {
-    return QFileInfo(path).fileName();
+    return shownFileName(QFileInfo(path).fileName());
 }
 
 // A size line holds a whole number with optional blanks around it and an optional sign.
@@ -90,21 +93,26 @@ QString readHeader(LineReader& reader, const QString& name, Header& header) {
 
 LevelReadResult readLevelFile(Level& level, const QString& path) {
     const QString name = shownName(path);
-    const QFileInfo info(path);
-    if (!info.exists()) return {QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true, {}};
+    struct stat info {};
+    if (!statusOf(path, info) && (errno == ENOENT || errno == ENOTDIR))
+        return {QStringLiteral("Soubor %1 nebyl nalezen.").arg(name), true, {}};
     // A FIFO would block the open and a device would never end: only files are read.
     const QString cannotOpen = QStringLiteral("Soubor %1 nelze otevřít: %2");
-    if (info.isDir()) return {cannotOpen.arg(name, czechFileReason(EISDIR, {})), false, {}};
-    if (!info.isFile())
+    if (S_ISDIR(info.st_mode))
+        return {cannotOpen.arg(name, czechFileReason(EISDIR, {})), false, {}};
+    if (info.st_mode != 0 && !S_ISREG(info.st_mode))
         return {cannotOpen.arg(name, QStringLiteral("není to obyčejný soubor (je to zařízení, "
                                                     "roura nebo socket).")),
                 false,
                 {}};
-    QFile file(path);
+    QFile file;
     errno = 0;
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!openForReading(file, path)) {
         const int error = errno;
-        return {cannotOpen.arg(name, czechFileReason(error, file.errorString())), false, {}};
+        return {
+            cannotOpen.arg(name, czechFileReason(error, QString::fromLocal8Bit(strerror(error)))),
+            false,
+            {}};
     }
     return readLevelFrom(level, file, name);
 }
@@ -170,27 +178,18 @@ QByteArray encodeLevelFile(const Level& level) {
 
 LevelWriteResult writeLevelFile(const Level& level, const QString& path) {
     const auto failed = [&](const QString& reason) {
-        return LevelWriteResult{
-            QStringLiteral("Level se nepodařilo uložit do souboru %1: %2").arg(path, reason)};
+        return LevelWriteResult{QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
+                                    .arg(shownFileName(path), reason)};
     };
     // A save writes beside the target and renames over it: that would replace a pipe or a
     // device with a file.
     if (const QString refusal = notAPlainFile(path); !refusal.isEmpty()) return failed(refusal);
-    QSaveFile file(path);
+    AtomicFile file(path);
     const QByteArray bytes = encodeLevelFile(level);
-    // Unbuffered, so that a write the disk refuses fails here and commit() keeps the old file;
-    // a buffered tail that failed while closing would still be committed, cut off.
     errno = 0;
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-        file.write(bytes) == bytes.size() && file.commit())
-        return {};
-    int error = errno;
-    const QFileInfo target(path);
-    // Some refusals are Qt's own, without a system error behind them.
-    if (target.isDir())
-        error = EISDIR;
-    else if (error == 0 && target.exists() && !target.isWritable())
-        error = EACCES;
-    return {QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
-                .arg(shownName(path), czechFileReason(error, file.errorString()))};
+    if (file.open() && file.write(bytes.constData(), bytes.size()) && file.commit()) return {};
+    const int error = errno;
+    return {
+        QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
+            .arg(shownName(path), czechFileReason(error, QString::fromLocal8Bit(strerror(error))))};
 }

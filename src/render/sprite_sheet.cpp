@@ -1,8 +1,13 @@
 #include "sprite_sheet.h"
 
+#include "file_names.h"
 #include "tile_codes.h"
 
 #include <QFile>
+
+#include <sys/stat.h>
+
+#include <cerrno>
 
 // RGB32 is the format the map's blits copy fastest; colours stay as they are.
 SpriteSheet::SpriteSheet(QImage image) : sheet(image.convertToFormat(QImage::Format_RGB32)) {}
@@ -23,13 +28,15 @@ bool endsBeforeItsEnd(const QByteArray& bytes) {
 }  // namespace
 
 SpriteSheet SpriteSheet::fromFileOrBuiltIn(const QString& path, FileState& state) {
-    QFile file(path);
-    if (!file.exists()) {
+    struct stat info {};
+    if (!statusOf(path, info) && (errno == ENOENT || errno == ENOTDIR)) {
         state = FileState::Missing;
         return builtIn();
     }
     QImage image;
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QFile file;
+    const bool plain = S_ISREG(info.st_mode);  // a pipe or a device would never end
+    const QByteArray bytes = plain && openForReading(file, path) ? file.readAll() : QByteArray();
     const bool whole = !bytes.isEmpty() && !endsBeforeItsEnd(bytes);
     if (whole && image.loadFromData(bytes) && usable(image)) {
         state = FileState::Loaded;

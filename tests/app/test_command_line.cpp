@@ -1,4 +1,5 @@
 #include "editor_command_line.h"
+#include "file_names.h"
 
 #include <QDir>
 #include <QFile>
@@ -43,6 +44,8 @@ class CommandLineTest : public QObject {
         row("new level file", {"novy.VRK"}, Run, "work/novy.VRK");
         row("menu", {"--varnok-folder"}, Run, "home/Varnok/level99.VRK");
         row("read-only level", {"../archiv"}, Run, "archiv/level99.VRK");
+        row("a name that is not UTF-8", {fileNameFromBytes("../moje levely/\xe8\xe1st.VRK")}, Run,
+            fileNameFromBytes("moje levely/\xe8\xe1st.VRK"));
         row("menu without a home", {"--varnok-folder"}, Fail, "domovská složka", 1, "");
         row("menu with a file", {"--varnok-folder", levelPath}, Run, "moje levely/hrad.vrk");
         row("a path after --", {"--", "-x.vrk"}, Run, "work/-x.vrk");

@@ -1,3 +1,4 @@
+#include "file_names.h"
 #include "frame_prediction.h"
 #include "level.h"
 #include "level_file.h"
@@ -6,6 +7,7 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -175,6 +177,29 @@ class LevelModelTest : public QObject {
         buffer.open(QIODevice::ReadOnly);
         QVERIFY(readLevelFrom(level, buffer, "x").refusal.contains("tři řádky"));
         QVERIFY(buffer.pos() < (2 << 20));
+    }
+
+    // A name with bytes that are not UTF-8 survives the round trip, is read and saved under
+    // its own bytes, and is shown with those bytes escaped.
+    void namesThatAreNotUtf8() {
+        QRandomGenerator random(5);
+        for (int round = 0; round < 2000; ++round) {
+            QByteArray bytes;
+            for (int i = random.bounded(1, 12); i > 0; --i) bytes += char(random.bounded(1, 256));
+            QCOMPARE(fileNameToBytes(fileNameFromBytes(bytes)), bytes);
+        }
+        QCOMPARE(fileNameFromBytes("úroveň.VRK"), QString("úroveň.VRK"));  // UTF-8 as it is
+        QTemporaryDir folder;
+        const QByteArray raw = QFile::encodeName(folder.path()) + "/a\xff\xc3" "b.VRK";
+        const QString name = fileNameFromBytes(raw);
+        Level level = filledLevel(5, 4, 25), back;
+        level.setCell(1, 1, HeroCode);
+        QVERIFY(writeLevelFile(level, name).ok());
+        struct stat written {};
+        QVERIFY(::stat(raw.constData(), &written) == 0 && S_ISREG(written.st_mode));
+        QVERIFY(readLevelFile(back, name).ok());
+        QCOMPARE(encodeLevelFile(back), encodeLevelFile(level));
+        QVERIFY(shownFileName(name).endsWith("/a\\xff\\xc3" "b.VRK"));
     }
 
     void queriesStayInTheLevelProper() {
