@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# The start-up race: a bare Qt Widgets program (a window of the editor's default size and one
+# message box, bench/startup/bare_window.cpp) against the editor on a 20 x 20 and a
+# 1000 x 1000 level, under one private X server, in turns. Each run is timed from just before
+# the program starts until its box ("Nápověda") is mapped, and its peak resident memory is
+# read from the kernel (bench/startup/map_watcher.cpp). Prints the medians and their ratios to
+# the bare program.
+#
+#   bench/startup_race.sh BUILD_DIR [ROUNDS]     (a release build with VARNOK_BENCH=ON)
+set -euo pipefail
+build=$(realpath "$1")
+rounds=${2:-7}
+watch=$build/bench/startup-watch
+bare=$build/bench/bare-window
+editor=$build/src/app/varnok-editor
+sheet=$build/art/generated/EditPic.jpg
+work=$(mktemp -d)
+server=
+cleanup() {
+    [ -n "$server" ] && kill "$server" 2>/dev/null
+    rm -rf "$work"
+}
+trap cleanup EXIT
+
+# -noreset: a server that resets when its last client leaves refuses the next one meanwhile.
+Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp -noreset 3> "$work/display" 2>/dev/null &
+server=$!
+for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
+export DISPLAY=:$(head -n 1 "$work/display")
+# Qt warns without a runtime folder; every program gets the same private one.
+export XDG_RUNTIME_DIR=$work/runtime
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+
+# A level file of the given side: walls, furniture and floor in a repeating pattern.
+level() {
+    awk -v side="$1" 'BEGIN {
+        printf "1\r\n %d \r\n %d \r\n", side + 14, side + 14
+        border = sprintf("%0" (side + 14) "d", 0)
+        for (i = 0; i < 7; ++i) printf "%s\r\n", border
+        for (y = 0; y < side; ++y) {
+            row = ""
+            for (x = 0; x < side; ++x) row = row ((x * 7 + y * 13) % 10 < 3 ? "1" : (x + y) % 11 == 0 ? "I" : "0")
+            printf "0000000%s0000000\r\n", row
+        }
+        for (i = 0; i < 7; ++i) printf "%s\r\n", border
+    }'
+}
+for side in 20 1000; do
+    mkdir -p "$work/$side"
+    cp "$sheet" "$work/$side/EditPic.jpg"
+    level "$side" > "$work/$side/level99.VRK"
+done
+
+# One run: "microseconds peak-KiB" appended to the kind's file.
+run() {
+    local kind=$1
+    shift
+    "$watch" 'Nápověda' "$@" >> "$work/$kind.runs"
+}
+for _ in $(seq "$rounds"); do
+    run bare "$bare"
+    (cd "$work/20" && run editor20 "$editor")
+    (cd "$work/1000" && run editor1000 "$editor")
+done
+
+median() { sort -n | awk '{ v[NR] = $1 } END { print (NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2) }'; }
+for kind in bare editor20 editor1000; do
+    printf '%s %s %s\n' "$kind" "$(cut -d' ' -f1 "$work/$kind.runs" | median)" \
+        "$(cut -d' ' -f2 "$work/$kind.runs" | median)"
+done > "$work/medians"
+awk -v rounds="$rounds" '
+    { name[NR] = $1; ready[NR] = $2 / 1000; peak[NR] = $3 / 1024 }
+    END {
+        label["bare"] = "bare Qt window + box"
+        label["editor20"] = "editor, 20 x 20 level"
+        label["editor1000"] = "editor, 1000 x 1000 level"
+        printf "start-up race, medians of %d runs each, in turns\n", rounds
+        printf "%-28s %10s %8s %10s %8s %10s\n", "program", "ready ms", "ratio", "peak MiB", "ratio", "over MiB"
+        for (i = 1; i <= NR; ++i)
+            printf "%-28s %10.1f %8.2f %10.1f %8.2f %10.1f\n", label[name[i]], ready[i],
+                   ready[i] / ready[1], peak[i], peak[i] / peak[1], peak[i] - peak[1]
+    }' "$work/medians"
