@@ -9,10 +9,6 @@ int cellUnder(float coordinate) {
     return static_cast<int>(std::nearbyint(coordinate)) / TileSize;  // rounds half to even
 }
 
-bool isPaintableCell(int column, int row, int levelWidth, int levelHeight) {
-    return column >= 2 && row >= 2 && column < levelWidth - 2 && row < levelHeight - 2;
-}
-
 Placement scrollAtEdges(Placement map, float x, float y, float viewportWidth,
                         float viewportHeight) {
     // Each threshold is a float before it is compared.

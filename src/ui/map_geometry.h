@@ -12,9 +12,6 @@ inline constexpr float EdgeStep = EdgeMargin / 2;
 // one), then divided by the tile size with the fraction dropped.
 int cellUnder(float coordinate);
 
-// Columns 2..W-3 and rows 2..H-3: the inside of the wall frame.
-bool isPaintableCell(int column, int row, int levelWidth, int levelHeight);
-
 // Edge scrolling after a cell was painted at (x, y) on the map: right, left, down, up, each
 // check seeing the step of the one before. Returns the map with its new left and top.
 Placement scrollAtEdges(Placement map, float x, float y, float viewportWidth, float viewportHeight);

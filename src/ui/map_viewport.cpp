@@ -1,5 +1,6 @@
 #include "map_viewport.h"
 
+#include "cell_region.h"
 #include "editor_look.h"
 #include "editor_texts.h"
 #include "level_document.h"
@@ -113,7 +114,7 @@ void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
     } else if (buttons == Qt::LeftButton) {
         const QPoint cell(cellUnder(x), cellUnder(y));
         const Level& level = document.level();
-        if (!isPaintableCell(cell.x(), cell.y(), level.width(), level.height())) return;
+        if (!isInsideFrame(level, cell.x(), cell.y())) return;
         if (lastPaintedCell != cell) {
             document.applyTool(cell.x(), cell.y(), tool);
             lastPaintedCell = cell;

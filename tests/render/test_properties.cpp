@@ -1,13 +1,19 @@
+#include "area_painter.h"
+#include "cell_region.h"
 #include "level.h"
 #include "level_file.h"
 #include "level_renderer.h"
 #include "minimap_dots.h"
 #include "tile_codes.h"
 #include "tools.h"
+#include "wall_pieces.h"
 
 #include <QBuffer>
 #include <QRandomGenerator>
 #include <QTest>
+
+#include <deque>
+#include <set>
 
 // Properties over many random levels and edits, from a fixed seed so a failure repeats.
 class PropertyTest : public QObject {
@@ -98,6 +104,91 @@ class PropertyTest : public QObject {
             QCOMPARE(whole.sprites().showsGrid(), coloured);
             whole.sprites().paintSprite(0, 0, uncoloured);
             QVERIFY(!whole.sprites().showsGrid());
+        }
+    }
+    // A rectangle or flood fill leaves the grid that applying the same tool to the same cells
+    // one by one leaves, but for which straight or joined piece each wall drew; the flood's
+    // cells are those a plain breadth-first search finds.
+    void areaFillsMatchPaintingCellByCell() {
+        const auto tools = paletteTools();
+        const int fillTools[] = {FloorCode, WallToolCode, 23, 124, 138};
+        QRandomGenerator random(28);
+        for (int round = 0; round < 60; ++round) {
+            Level level;
+            const int w = random.bounded(5, 36), h = random.bounded(5, 36);
+            level.reset(w, h);
+            {
+                LevelRenderer renderer(level);
+                QVERIFY(renderer.repaintGrid());
+                renderer.drawFrame(WallToolCode);
+                // Mostly walls and floor, so regions of both are large.
+                for (int edit = 0; edit < w * h; ++edit) {
+                    const int pick = random.bounded(10);
+                    const int tool = pick < 4   ? WallToolCode
+                                     : pick < 8 ? FloorCode
+                                                : tools[random.bounded(int(tools.size()))].code;
+                    renderer.tools().applyTool(random.bounded(2, w - 2), random.bounded(2, h - 2),
+                                               tool);
+                }
+            }
+            const QPoint a(random.bounded(0, w), random.bounded(0, h));
+            const QPoint b(random.bounded(0, w), random.bounded(0, h));
+            const bool flood = round % 2 == 0;
+            const CellRegion region = flood ? floodRegion(level, a) : rectangleRegion(level, a, b);
+            if (flood) {
+                std::set<std::pair<int, int>> found;
+                if (isInsideFrame(level, a.x(), a.y())) {
+                    const auto same = [&](int x, int y) {
+                        const int s = level.cell(a.x(), a.y()), c = level.cell(x, y);
+                        return isWallPiece(s) ? isWallPiece(c) : c == s;
+                    };
+                    std::deque<QPoint> queue{a};
+                    found.insert({a.x(), a.y()});
+                    while (!queue.empty()) {
+                        const QPoint p = queue.front();
+                        queue.pop_front();
+                        for (const QPoint n : {p + QPoint(1, 0), p - QPoint(1, 0), p + QPoint(0, 1),
+                                               p - QPoint(0, 1)})
+                            if (isInsideFrame(level, n.x(), n.y()) && same(n.x(), n.y()) &&
+                                found.insert({n.x(), n.y()}).second)
+                                queue.push_back(n);
+                    }
+                }
+                QCOMPARE(region.count(), int(found.size()));
+                for (const auto& [x, y] : found) QVERIFY(region.contains(x, y));
+            }
+            const int tool = fillTools[random.bounded(int(std::size(fillTools)))];
+            Level filled = level, oneByOne = level;
+            LevelRenderer fillRenderer(filled), cellRenderer(oneByOne);
+            QVERIFY(fillRenderer.repaintGrid());
+            QVERIFY(cellRenderer.repaintGrid());
+            AreaPainter(filled, fillRenderer.sprites(), fillRenderer.tools()).fill(region, tool, a);
+            region.forEachCell([&](int x, int y) { cellRenderer.tools().applyTool(x, y, tool); });
+            for (int y = 0; y <= h; ++y)
+                for (int x = 0; x <= w; ++x) {
+                    const int got = filled.cell(x, y), want = oneByOne.cell(x, y);
+                    if (isWallPiece(got) && isWallPiece(want)) continue;
+                    if (got != want)
+                        QFAIL(qPrintable(QStringLiteral("round %1: cell (%2, %3) is %4, one by one "
+                                                        "%5")
+                                             .arg(round)
+                                             .arg(x)
+                                             .arg(y)
+                                             .arg(got)
+                                             .arg(want)));
+                    QCOMPARE(fillRenderer.minimap().dotAt(x, y),
+                             *minimapColourFor(got, MinimapBackground));
+                }
+            // Every wall the fill wrote or re-joined has the piece its neighbours call for.
+            for (int y = 1; y < h; ++y)
+                for (int x = 1; x < w; ++x) {
+                    const int code = filled.cell(x, y);
+                    const bool touched = region.contains(x, y) || region.contains(x - 1, y) ||
+                                         region.contains(x + 1, y) || region.contains(x, y - 1) ||
+                                         region.contains(x, y + 1);
+                    if (isWallPiece(code) && touched && toolKind(tool) != ToolKind::Hero)
+                        QCOMPARE(wallKey(armsOfPiece(code)), wallKeyAt(filled, x, y));
+                }
         }
     }
 };
