@@ -16,7 +16,8 @@ share=$prefix/share
 expected=(bin/varnok-editor bin/varnok-level libexec/varnok/varnok-level-render.so
           share/applications/$id.desktop share/mime/packages/$id.xml
           share/metainfo/$id.metainfo.xml share/man/man1/varnok-editor.1.gz
-          share/man/man1/varnok-level.1.gz)
+          share/man/man1/varnok-level.1.gz share/doc/varnok-editor/copyright
+          share/doc/varnok-editor/changelog.Debian.gz share/lintian/overrides/varnok-editor)
 for side in 16 32 48 64 128 256; do
     expected+=(share/icons/hicolor/${side}x$side/apps/$id.png)
     check test "$(identify -format %wx%h "$share/icons/hicolor/${side}x$side/apps/$id.png")" \
@@ -43,4 +44,9 @@ update-mime-database "$share/mime" >/dev/null 2>&1
 for glob in '\*.VRK' '\*.vrk'; do
     check grep -q "application/x-varnok-level:$glob" "$share/mime/globs2"
 done
+# The Debian package made of this build: lintian finds no error and no warning in it.
+if command -v lintian >/dev/null && command -v cpack >/dev/null; then
+    (cd "$build" && cpack -G DEB -B "$prefix/package" >/dev/null 2>&1)
+    check lintian --fail-on error,warning "$prefix"/package/varnok-editor_*.deb
+fi
 exit $failed
