@@ -88,7 +88,7 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
         const QStringList unknown = parser.unknownOptionNames();
         if (unknown.isEmpty())
             return failure(
-                2, QStringLiteral("Chybně zadaná volba (%1).").arg(parser.errorText()) + seeHelp);
+                2, QStringLiteral("Chybně zadaná volba (žádná z nich nebere hodnotu).") + seeHelp);
         const QString dashes = unknown.first().size() == 1 ? "-" : "--";
         return failure(
             2, QStringLiteral("Neznámá volba %1%2.").arg(dashes, unknown.first()) + seeHelp);

@@ -1,3 +1,4 @@
+#include "czech_qt_texts.h"
 #include "editor_command_line.h"
 #include "editor_window.h"
 #include "file_names.h"
@@ -35,6 +36,7 @@ int main(int argc, char** argv) {
     // is ASCII and Czech titles arrive garbled. Qt itself assumes UTF-8 for file names and text.
     if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
     QApplication::setApplicationName(QStringLiteral("Varnok Editor"));
+    useCzechQtTexts();  // the size fields' context menu and anything else Qt draws
     QApplication::setDesktopFileName(QStringLiteral(VARNOK_APP_ID));
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);

@@ -36,8 +36,11 @@ ParsedCommandLine parseCommandLine(const QStringList& arguments) {
                                  QStringLiteral("příkaz"));
     parser.addPositionalArgument(QStringLiteral("soubory"), QStringLiteral("soubory levelů"),
                                  QStringLiteral("SOUBOR..."));
-    const QCommandLineOption help = parser.addHelpOption();
-    const QCommandLineOption version = parser.addVersionOption();
+    // Qt's own help and version options describe themselves in English.
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("vypíše tuto nápovědu"));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("vypíše verzi programu"));
     const QCommandLineOption json(QStringLiteral("json"),
                                   QStringLiteral("check, info: jeden objekt JSON na soubor"));
     const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")},
@@ -52,7 +55,8 @@ ParsedCommandLine parseCommandLine(const QStringList& arguments) {
                                       QStringLiteral("N"));
     const QCommandLineOption minimap(
         QStringLiteral("minimap"), QStringLiteral("render: mapka, 6 pixelů na buňku, její barvy"));
-    for (const QCommandLineOption* option : {&json, &output, &sheet, &cellSize, &minimap})
+    for (const QCommandLineOption* option :
+         {&help, &version, &json, &output, &sheet, &cellSize, &minimap})
         parser.addOption(*option);
 
     ParsedCommandLine parsed;
@@ -65,8 +69,7 @@ ParsedCommandLine parseCommandLine(const QStringList& arguments) {
         return parsed;
     };
     if (!parser.parse(arguments)) return wrong(parser.errorText());
-    // --help-all would add Qt's own options, which this program does not take.
-    if (parser.isSet(help) || parser.isSet(QStringLiteral("help-all"))) {
+    if (parser.isSet(help)) {
         parsed.outcome = ParsedCommandLine::Outcome::Help;
         parsed.text = parser.helpText();
         return parsed;

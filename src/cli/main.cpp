@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands.h"
 #include "console.h"
+#include "czech_qt_texts.h"
 #include "file_names.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,7 @@ int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("varnok-level"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VARNOK_VERSION));
+    useCzechQtTexts();  // the help's lines that Qt writes
 
     // Taken from argv byte for byte: a file name need not be UTF-8.
     QStringList arguments;

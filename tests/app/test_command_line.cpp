@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -58,6 +59,7 @@ class CommandLineTest : public QObject {
         row("menu folder cannot be made", {"--varnok-folder"}, Fail,  // home is a file
             "/hrad.vrk/Varnok nelze vytvořit.", 1, "moje levely/hrad.vrk");
         row("unknown option", {"--nic"}, Fail, "Neznámá volba --nic.", 2);
+        row("option with a value", {"--help=ano"}, Fail, "nebere hodnotu", 2);
         row("two paths", {"a", "b"}, Fail, "nejvýš jednu CESTU", 2);
         row("--version", {"--version", "nikde"}, Print, "varnok-editor " VARNOK_VERSION "\n");
         row("-h", {"-h"}, Print, "Použití: varnok-editor [volby] [CESTA]");
@@ -79,6 +81,10 @@ class CommandLineTest : public QObject {
             QVERIFY(QFileInfo(launch.levelFile).dir().exists());
         } else {
             QVERIFY2(launch.text.contains(levelFile), qPrintable(launch.text));
+            // Help, version and every complaint are Czech, with none of Qt's English lines.
+            static const QRegularExpression english(
+                "\\b(Usage|Options|Arguments|Displays|Unknown|Missing|Unexpected|option|value)\\b");
+            QVERIFY2(!english.match(launch.text).hasMatch(), qPrintable(launch.text));
             if (action == Fail) QVERIFY(!launch.text.contains('\n'));
         }
     }

@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QPainter>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -167,6 +168,10 @@ class LevelToolTest : public QObject {
         row("full disk", "render|úroveň ok.VRK|-o|x.png", 1, "x.png nelze uložit: File too large");
         row("no image suffix", "render|úroveň ok.VRK|-o|kopie.VRK", 2,
             "„.VRK“ není formát obrázku");
+        row("help", "--help", 0, "Volby:");
+        row("version", "--version", 0, "varnok-level ");
+        row("missing value", "render|úroveň ok.VRK|-o", 2, "Chybějící hodnota po '-o'.");
+        row("value not taken", "check|--json=1|úroveň ok.VRK", 2, "Neočekávaná hodnota");
         row("pipe", "render|úroveň ok.VRK|-o|na rouru.png", 1, "ale pojmenovaná roura (FIFO)");
         row("device", "render|úroveň ok.VRK|-o|na zařízení.png", 1, "ale znakové zařízení");
     }
@@ -180,6 +185,10 @@ class LevelToolTest : public QObject {
         QCOMPARE(run(arguments, QTest::currentDataTag() == QLatin1String("full disk")), code);
         const QString all = (out + err).join('\n');
         QVERIFY2(all.contains(told), qPrintable(all));
+        // Qt's own lines are Czech too, whatever the locale (the program runs with none).
+        static const QRegularExpression english(
+            "\\b(Usage|Options|Arguments|Displays|Unknown|Missing|Unexpected|option|value)\\b");
+        QVERIFY2(!english.match(all).hasMatch(), qPrintable(all));
         if (code != 2) QVERIFY(err.size() <= 1);
         if (!err.isEmpty()) QVERIFY(err[0].startsWith("varnok-level: "));
         QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
