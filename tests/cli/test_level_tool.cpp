@@ -76,12 +76,15 @@ class LevelToolTest : public QObject {
 
   private slots:
     void initTestCase() {
-        std::vector<Cell> noHero = sample, noPicture = sample;
+        std::vector<Cell> noHero = sample, noPicture = sample, heroOnFrame;
         std::erase_if(noHero, [](const Cell& c) { return c.code == 135; });
+        heroOnFrame = noHero;
+        heroOnFrame.push_back({10, 3, 135, 0});  // on the frame's right column, x = W - 2
         noPicture.insert(noPicture.end(), {{9, 4, 160, 0}, {2, 6, 200, 0}});
         write("úroveň ok.VRK", sample);
         write("úroveň bez hrdiny.VRK", noHero);
         write("úroveň bez obrázku.VRK", noPicture);
+        write("úroveň hrdina v rámečku.VRK", heroOnFrame);
         QVERIFY(QFile(dir.filePath("úroveň prázdná.VRK")).open(QIODevice::WriteOnly));
         // What -o must never replace: a pipe and a device of our own (/dev/null's numbers, where
         // nodes can be made), named through links.
@@ -104,7 +107,11 @@ class LevelToolTest : public QObject {
     void check_data() {
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("message");  // after "FILE: "; empty: the reader's own
-        QTest::newRow("ok") << 0 << "ok, 12 × 11, hero at (7, 3)";
+        QTest::newRow("ok") << 0 << "ok, 12 × 11, hrdina na (7, 3)";
+        QTest::newRow("hrdina v rámečku")
+            << 1
+            << "Rámeček, který editor kreslí jednu buňku od okraje, zakryje hrdinu na (10, 3) a "
+               "level tak přijde o počáteční pozici.";
         QTest::newRow("bez hrdiny") << 1 << "Je nutné umístit počáteční pozici hrdiny";
         QTest::newRow("bez obrázku")
             << 1 << "Soubor úroveň bez obrázku.VRK: kód 200 v buňce (2, 6) nemá obrázek.";
