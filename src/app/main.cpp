@@ -13,8 +13,21 @@
 #include <cstdio>
 
 #include <langinfo.h>
+#include <unistd.h>
 #include <clocale>
 #include <cstring>
+
+namespace {
+// What the window and any box need once the application object exists.
+void setUpApplication() {
+    // Xlib encodes the legacy window title (WM_NAME) in the C library's locale: with none set it
+    // is ASCII and Czech titles arrive garbled. Qt itself assumes UTF-8 for file names and text.
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
+    QApplication::setApplicationName(QStringLiteral("Varnok Editor"));
+    QApplication::setDesktopFileName(QStringLiteral(VARNOK_APP_ID));
+    useCzechQtTexts();  // the size fields' context menu and anything else Qt draws
+}
+}  // namespace
 
 int main(int argc, char** argv) {
     // Help, version and a path the editor cannot use are answered before a display is needed.
@@ -26,18 +39,22 @@ int main(int argc, char** argv) {
     if (launch.action == EditorLaunch::Action::Print) std::fputs(qPrintable(launch.text), stdout);
     if (launch.action == EditorLaunch::Action::Fail)
         std::fprintf(stderr, "varnok-editor: %s\n", qPrintable(launch.text));
+    // Started from the desktop menu or a file manager, nobody reads standard error: the reason
+    // is shown in a box as well, when there is a display to show it on.
+    const bool display =
+        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (launch.action == EditorLaunch::Action::Fail && !isatty(STDERR_FILENO) && display) {
+        QApplication app(argc, argv);
+        setUpApplication();
+        MessageBoxDialogs().error(launch.text);
+    }
     if (launch.action != EditorLaunch::Action::Run) return launch.exitCode;
 
     // Under a file-size limit a save must fail with an error the user is told of; by
     // default the signal would end the editor and lose the level on screen.
     std::signal(SIGXFSZ, SIG_IGN);
     QApplication app(argc, argv);
-    // Xlib encodes the legacy window title (WM_NAME) in the C library's locale: with none set it
-    // is ASCII and Czech titles arrive garbled. Qt itself assumes UTF-8 for file names and text.
-    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
-    QApplication::setApplicationName(QStringLiteral("Varnok Editor"));
-    useCzechQtTexts();  // the size fields' context menu and anything else Qt draws
-    QApplication::setDesktopFileName(QStringLiteral(VARNOK_APP_ID));
+    setUpApplication();
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);
     EditorWindow window(document, dialogs);

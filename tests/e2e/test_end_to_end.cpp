@@ -164,6 +164,16 @@ class EndToEndTest : public QObject {
         QCOMPARE(waitForFile(level()), levelFile(heroOnly));
     }
 
+    // Started without a terminal (its standard error is no terminal here), as from the desktop
+    // menu, the editor shows why it cannot use its path in a box before it ends with 1.
+    void aPathThatCannotBeUsedIsShownInABox() {
+        QVERIFY(x->launchEditor(VARNOK_EDITOR, folder->path(), X11Session::User::Same,
+                                {"nikde/hrad.vrk"}));
+        QVERIFY(x->messageText("Varnok Editor").contains("/nikde neexistuje."));
+        QVERIFY(x->closeBox("Varnok Editor"));
+        QCOMPARE(x->editorExitCode(), 1);
+    }
+
     // The editor runs with no locale at all (see X11Session), in a folder named in Czech.
     void aFolderNamedInCzechWithBlanks() {
         const Grid old = {{{7, 13}, 135}, {{12, 12}, 26}};

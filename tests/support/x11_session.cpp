@@ -51,6 +51,18 @@ bool X11Session::run(const QString& program, const QStringList& arguments, QByte
 
 bool X11Session::startEditor(const QString& program, const QString& folder, User user,
                              const QStringList& arguments) {
+    if (!launchEditor(program, folder, user, arguments)) return false;
+    mainWindow = waitForWindow("VARNOK LEVEL EDITOR");
+    return !mainWindow.isEmpty();
+}
+
+int X11Session::editorExitCode() {
+    if (!editor.waitForFinished(20000) || editor.exitStatus() != QProcess::NormalExit) return -1;
+    return editor.exitCode();
+}
+
+bool X11Session::launchEditor(const QString& program, const QString& folder, User user,
+                              const QStringList& arguments) {
     QProcessEnvironment editorEnvironment = environment;
     editorEnvironment.remove("LC_ALL");
     editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
@@ -66,9 +78,7 @@ bool X11Session::startEditor(const QString& program, const QString& folder, User
     editor.setWorkingDirectory(folder);
     editor.setProcessChannelMode(QProcess::ForwardedChannels);
     editor.start(program, arguments);
-    if (!editor.waitForStarted()) return false;
-    mainWindow = waitForWindow("VARNOK LEVEL EDITOR");
-    return !mainWindow.isEmpty();
+    return editor.waitForStarted();
 }
 
 bool X11Session::windowShown(const QString& title, QByteArray* ids) {

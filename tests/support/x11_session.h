@@ -20,6 +20,11 @@ class X11Session {
     enum class User { Same, Ordinary };
     bool startEditor(const QString& program, const QString& folder, User user = User::Same,
                      const QStringList& arguments = {});
+    // Starts the editor as startEditor does, without waiting for any window.
+    bool launchEditor(const QString& program, const QString& folder, User user = User::Same,
+                      const QStringList& arguments = {});
+    // The editor's exit code once it has ended, or -1 when it has not within 20 s.
+    int editorExitCode();
     bool editorRunning() { return !editor.waitForFinished(0) && editor.processId(); }
     qint64 editorId() const { return editor.processId(); }
 
