@@ -99,6 +99,26 @@ long residentKiB() {
     return 0;
 }
 
+// A 1000 x 1000 level of random codes as the document's level file.
+bool writeRandomLevel(const LevelDocument& document, QRandomGenerator& random) {
+    Level file;
+    file.reset(1000, 1000);
+    for (int y = 0; y < 1000; ++y)
+        for (int x = 0; x < 1000; ++x) file.setCell(x, y, qint16(random.bounded(140)));
+    return writeLevelFile(file, document.levelFile()).ok();
+}
+
+// New (even turns) or Open (odd ones) as the window makes them, recorded as a step.
+bool replaceLevel(LevelDocument& document, int turn) {
+    if (turn % 2 == 0)
+        document.newLevel(1000, 1000);
+    else if (!document.open().ok())
+        return false;
+    if (document.repaintGrid()) document.drawFrame(WallToolCode);
+    document.recordReplacement({}, {});
+    return true;
+}
+
 // The history's memory with 100,000 wall strokes of 10 cells and 25 New and 25 Open of a
 // 1000 x 1000 level of random codes, none of them dropped: the kept steps, the bytes the
 // history counts, and the growth of the resident memory; all of it once more after every step
@@ -107,20 +127,11 @@ void BM_HistoryMemory(benchmark::State& state) {
     for (auto _ : state) {
         QTemporaryDir folder;
         LevelDocument document{QDir(folder.path())};
-        Level file;
-        file.reset(1000, 1000);
         QRandomGenerator random(1);
-        for (int y = 0; y < 1000; ++y)
-            for (int x = 0; x < 1000; ++x) file.setCell(x, y, qint16(random.bounded(140)));
-        if (!writeLevelFile(file, document.levelFile()).ok()) return state.SkipWithError("file");
+        if (!writeRandomLevel(document, random)) return state.SkipWithError("file");
         const long before = residentKiB();
         for (int replacement = 0; replacement < 50; ++replacement) {
-            if (replacement % 2 == 0)
-                document.newLevel(1000, 1000);
-            else if (!document.open().ok())
-                return state.SkipWithError("open");
-            if (document.repaintGrid()) document.drawFrame(WallToolCode);
-            document.recordReplacement({}, {});
+            if (!replaceLevel(document, replacement)) return state.SkipWithError("open");
             for (int i = 0; i < 2000; ++i) {
                 document.beginStroke();
                 const int row = 2 + random.bounded(990);
@@ -147,20 +158,11 @@ void BM_HistoryAtItsLimit(benchmark::State& state) {
         QTemporaryDir folder;
         LevelDocument document{QDir(folder.path())};
         document.setHistoryLimit(std::size_t(128) << 20);
-        Level file;
-        file.reset(1000, 1000);
         QRandomGenerator random(2);
-        for (int y = 0; y < 1000; ++y)
-            for (int x = 0; x < 1000; ++x) file.setCell(x, y, qint16(random.bounded(140)));
-        if (!writeLevelFile(file, document.levelFile()).ok()) return state.SkipWithError("file");
+        if (!writeRandomLevel(document, random)) return state.SkipWithError("file");
         std::size_t most = 0;
         for (int replacement = 0; replacement < 80; ++replacement) {
-            if (replacement % 2 == 0)
-                document.newLevel(1000, 1000);
-            else if (!document.open().ok())
-                return state.SkipWithError("open");
-            if (document.repaintGrid()) document.drawFrame(WallToolCode);
-            document.recordReplacement({}, {});
+            if (!replaceLevel(document, replacement)) return state.SkipWithError("open");
             most = std::max(most, document.historyBytes());
         }
         state.counters["done_history_MiB"] = double(document.historyBytes()) / (1 << 20);
