@@ -22,10 +22,8 @@ class HistoryStep;
 struct ShownLevel;
 struct StrokeRecord;
 
-// The most memory the history holds; beyond it the oldest steps go first. A stroke over 10
-// wall cells keeps about 0.7 kB, a 1000 x 1000 level of random codes that New or Open
-// replaced about 2 MB (as much again for one an undone Open brought): 100,000 strokes and 50
-// New or Open of that size take about 115 MiB, and about 160 MiB once all are undone.
+// The most memory the history holds; beyond it the oldest steps go first. What steps of each
+// kind keep is measured by the undo benchmark (bench/bench_undo.cpp).
 inline constexpr std::size_t HistoryByteLimit = std::size_t(512) << 20;
 
 // The level being edited and everything that belongs to it: the grid, the sprite sheet, the

@@ -7,21 +7,20 @@
 #include <cstring>
 
 namespace {
-// A dot is the 6-pixel square centred on (6x, 6y): pixels 6x - 3 up to 6x + 2.
-constexpr int DotReach = MinimapCellSize / 2;
 
 QRect dotRect(int x, int y) {
-    return {x * MinimapCellSize - DotReach, y * MinimapCellSize - DotReach, MinimapCellSize,
-            MinimapCellSize};
+    return {x * MinimapCellSize - MinimapDotReach, y * MinimapCellSize - MinimapDotReach,
+            MinimapCellSize, MinimapCellSize};
 }
 // The cell whose dot covers surface pixel p.
 int dotIndex(int p) {
-    return (p + DotReach) / MinimapCellSize;
+    return (p + MinimapDotReach) / MinimapCellSize;
 }
 // Pixels first..end - 1 of a surface row, from the dot colours of its level row.
 void fillDotRow(QRgb* line, const QRgb* dot, int first, int end) {
     int x = dotIndex(first);
-    QRgb* out = std::fill_n(line, std::min(end, x * MinimapCellSize + DotReach) - first, dot[x]);
+    QRgb* out =
+        std::fill_n(line, std::min(end, x * MinimapCellSize + MinimapDotReach) - first, dot[x]);
     QRgb* const last = line + (end - first);
     for (++x; last - out >= MinimapCellSize; ++x) out = std::fill_n(out, MinimapCellSize, dot[x]);
     if (out < last) std::fill(out, last, dot[x]);

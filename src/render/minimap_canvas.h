@@ -11,6 +11,8 @@ class QImage;
 class QPainter;
 
 inline constexpr int MinimapCellSize = 6;
+// A cell's dot is the 6-pixel square centred on (6x, 6y): pixels 6x - 3 up to 6x + 2.
+inline constexpr int MinimapDotReach = MinimapCellSize / 2;
 inline constexpr QRgb MinimapBackground = qRgb(184, 221, 239);
 // The dots of the figures and of the items: single cells that matter, kept whole when the
 // minimap is shown smaller than one pixel a cell.

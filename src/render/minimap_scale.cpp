@@ -10,8 +10,6 @@
 #include <numeric>
 
 namespace {
-// A dot is the 6-pixel square centred on (6x, 6y) of the full-size surface.
-constexpr qint64 DotReach = MinimapCellSize / 2;
 
 qint64 floorDivide(qint64 value, qint64 divisor) {
     return value / divisor - (value % divisor < 0 ? 1 : 0);
@@ -28,7 +26,7 @@ struct Overlap {
 // The overlaps of shown pixels first..last, in order of pixels and so also of cells.
 std::vector<Overlap> overlapsOf(int first, int last, int cells, AxisScale scale) {
     const qint64 dot = qint64{MinimapCellSize} * scale.shown;
-    const qint64 reach = DotReach * scale.shown;
+    const qint64 reach = qint64(MinimapDotReach) * scale.shown;
     const qint64 surfaceEnd = qint64{cells} * dot;
     std::vector<Overlap> overlaps;
     for (int pixel = first; pixel <= last; ++pixel) {

@@ -134,7 +134,7 @@ bool EditorWindow::makeNewLevel() {
     const auto width = sideFromField(levelMenu->widthText());
     const auto height = sideFromField(levelMenu->heightText());
     if (!width || !height) {
-        dialogs.warning(EditorTexts::badNewSize(MaxLevelSide), EditorTexts::NoHeroTitle);
+        dialogs.warning(EditorTexts::badNewSize(MaxLevelSide), EditorTexts::BadSizeTitle);
         return false;
     }
     document.newLevel(*width, *height);
