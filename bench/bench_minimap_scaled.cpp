@@ -41,7 +41,8 @@ void BM_MinimapShownShrunk(benchmark::State& state) {
 template <typename Paint>
 void dotChanged(benchmark::State& state, DrawnLevel& drawn, Paint paint) {
     QRect told;
-    drawn.minimap().setChangeListener([&](const QRect& pixels) { told = pixels; });
+    drawn.minimap().setChangeListener(
+        [&](const QRect& cells) { told = MinimapCanvas::pixelsOf(cells); });
     int n = 0;
     for (auto _ : state) {
         drawn.minimap().setDrawingColour(++n % 2 ? qRgb(0, 0, 0) : MinimapBackground);

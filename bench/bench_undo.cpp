@@ -110,13 +110,11 @@ bool writeRandomLevel(const LevelDocument& document, QRandomGenerator& random) {
 
 // New (even turns) or Open (odd ones) as the window makes them, recorded as a step.
 bool replaceLevel(LevelDocument& document, int turn) {
-    if (turn % 2 == 0)
-        document.newLevel(1000, 1000);
-    else if (!document.open().ok())
-        return false;
-    if (document.repaintGrid()) document.drawFrame(WallToolCode);
-    document.recordReplacement({}, {});
-    return true;
+    if (turn % 2 == 0) {
+        document.newLevel(1000, 1000, LevelView{});
+        return true;
+    }
+    return document.open(LevelView{}).ok();
 }
 
 // The history's memory with 100,000 wall strokes of 10 cells and 25 New and 25 Open of a
@@ -141,11 +139,11 @@ void BM_HistoryMemory(benchmark::State& state) {
             }
         }
         state.counters["steps"] = document.history().count();
-        state.counters["history_MiB"] = double(document.historyBytes()) / (1 << 20);
+        state.counters["history_MiB"] = double(document.history().bytes()) / (1 << 20);
         state.counters["resident_MiB"] = double(residentKiB() - before) / 1024;
         while (document.history().canUndo()) document.undo();
         state.counters["undone_steps"] = document.history().count();
-        state.counters["undone_history_MiB"] = double(document.historyBytes()) / (1 << 20);
+        state.counters["undone_history_MiB"] = double(document.history().bytes()) / (1 << 20);
         state.counters["undone_resident_MiB"] = double(residentKiB() - before) / 1024;
     }
 }
@@ -163,12 +161,12 @@ void BM_HistoryAtItsLimit(benchmark::State& state) {
         std::size_t most = 0;
         for (int replacement = 0; replacement < 80; ++replacement) {
             if (!replaceLevel(document, replacement)) return state.SkipWithError("open");
-            most = std::max(most, document.historyBytes());
+            most = std::max(most, document.history().bytes());
         }
-        state.counters["done_history_MiB"] = double(document.historyBytes()) / (1 << 20);
+        state.counters["done_history_MiB"] = double(document.history().bytes()) / (1 << 20);
         while (document.history().canUndo()) {
             document.undo();
-            most = std::max(most, document.historyBytes());
+            most = std::max(most, document.history().bytes());
         }
         state.counters["undone_steps"] = document.history().count();
         state.counters["most_history_MiB"] = double(most) / (1 << 20);

@@ -3,7 +3,6 @@
 #include "file_names.h"
 
 #include "level_file.h"
-#include "sprite_sheet.h"
 
 #include <QCommandLineParser>
 #include <QDir>

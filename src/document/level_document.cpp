@@ -1,17 +1,20 @@
 #include "level_document.h"
 
-#include <functional>
-
 #include "paint_stroke.h"
 #include "replace_level.h"
-
-#include <QSignalBlocker>
+#include "tile_codes.h"
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
-    : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {}
+    : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
+    // A cell's picture and its dot change together, so the two canvases tell one region.
+    renderer.map().setChangeListener([this](const QRect& cells) { cellsDrawn(cells); });
+    renderer.minimap().setChangeListener([this](const QRect& cells) { cellsDrawn(cells); });
+}
 
 LevelDocument::LevelDocument(const QDir& folder, QObject* parent)
     : LevelDocument(folder.filePath(LevelFileName), folder.filePath(SpriteSheetFileName), parent) {}
+
+LevelDocument::~LevelDocument() = default;
 
 bool LevelDocument::loadSpriteSheet() {
     SpriteSheet::FileState state{};
@@ -19,48 +22,56 @@ bool LevelDocument::loadSpriteSheet() {
     return state != SpriteSheet::FileState::Unusable;
 }
 
-void LevelDocument::newLevel(int width, int height) {
+void LevelDocument::newLevel(int width, int height, std::optional<LevelView> shownBefore) {
     Level fresh;
     fresh.reset(width, height);
-    replaceLevel(std::move(fresh));
+    replaceLevel(std::move(fresh), shownBefore);
 }
 
-LevelReadResult LevelDocument::open() {
+LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
     Level read;
     LevelReadResult result = readLevelFile(read, levelPath);
-    if (result.ok()) replaceLevel(std::move(read));
+    if (!result.ok()) return result;
+    if (!result.warning.isEmpty()) emit levelFileWarning(result.warning);
+    replaceLevel(std::move(read), shownBefore);
     return result;
 }
 
-void LevelDocument::replaceLevel(Level next) {
-    replacedLevel.emplace(currentLevel, renderer);
+void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& shownBefore) {
+    finishStroke();
+    std::optional<LevelSnapshot> before;
+    if (shownBefore) before.emplace(currentLevel, renderer);
     currentLevel = std::move(next);
     renderer.sprites().forgetShownGrid();
+    emit redrawStarting();
+    const bool painted = renderer.repaintGrid();
+    if (painted) renderer.drawFrame(WallToolCode);
+    // A new or opened level is shown from its top-left corner.
+    const LevelView shownNow{};
+    if (before) {
+        steps.push(std::make_unique<ReplaceLevel>(
+            [this](const ShownLevel& shown) { showKeptLevel(shown); },
+            [this] { return LevelSnapshot(currentLevel, renderer); },
+            ShownLevel{std::move(*before), *shownBefore}, shownNow));
+    }
+    tellChangedCells();
+    emit levelReplaced(shownNow, painted, painted);
 }
 
 LevelWriteResult LevelDocument::save() const {
     return writeLevelFile(currentLevel, levelPath);
 }
 
-bool LevelDocument::repaintGrid() {
-    return renderer.repaintGrid();
-}
-
-void LevelDocument::drawFrame(int tool) {
-    renderer.drawFrame(tool);
-}
-
 void LevelDocument::applyTool(int x, int y, int tool) {
-    if (!strokeOpen) return renderer.tools().applyTool(x, y, tool);
-    // A step undone or pushed over the stroke since its last write ends its step there.
-    if (openStroke && !strokeOnTop()) openStroke.reset();
-    const bool first = !openStroke;
-    if (first) {
-        openStroke = std::make_shared<StrokeRecord>();
+    if (!strokeOpen) {
+        renderer.tools().applyTool(x, y, tool);
+        return tellChangedCells();
+    }
+    if (!openStroke) {
+        openStroke = std::make_unique<StrokeRecord>();
         openStroke->heroBefore = currentLevel.hero();
         openStroke->drawingBefore = renderer.minimap().drawingColour();
     }
-    const std::size_t capacity = openStroke->writes.capacity();
     // Only a stroke's writes are told: the painter then skips reading every cell twice.
     renderer.sprites().setWriteListener(
         [record = openStroke.get()](const CellWrite& write) { record->writes.push_back(write); });
@@ -68,43 +79,23 @@ void LevelDocument::applyTool(int x, int y, int tool) {
     renderer.sprites().setWriteListener({});
     openStroke->heroAfter = currentLevel.hero();
     openStroke->drawingAfter = renderer.minimap().drawingColour();
-    if (!first)
-        keptBytes += (openStroke->writes.capacity() - capacity) * sizeof(CellWrite);
-    else if (openStroke->writes.empty())
-        openStroke.reset();
-    else
-        push(std::make_unique<PaintStroke>(currentLevel, renderer, openStroke));
+    tellChangedCells();
 }
 
 void LevelDocument::beginStroke() {
+    finishStroke();
     strokeOpen = true;
-    openStroke.reset();
 }
 
 void LevelDocument::endStroke() {
+    finishStroke();
     strokeOpen = false;
-    if (openStroke && strokeOnTop()) {
-        // The room the record grew into beyond its writes goes back.
-        const std::size_t reserved = openStroke->writes.capacity();
-        openStroke->writes.shrink_to_fit();
-        keptBytes -= (reserved - openStroke->writes.capacity()) * sizeof(CellWrite);
-    }
+}
+
+void LevelDocument::finishStroke() {
+    if (openStroke && !openStroke->writes.empty())
+        steps.push(std::make_unique<PaintStroke>(currentLevel, renderer, std::move(*openStroke)));
     openStroke.reset();
-    dropOldestSteps();  // the stroke has grown since it was pushed
-}
-
-bool LevelDocument::strokeOnTop() const {
-    const auto* top = dynamic_cast<const PaintStroke*>(steps.command(steps.index() - 1));
-    return top && top->keeps() == openStroke.get();
-}
-
-void LevelDocument::recordReplacement(const LevelView& shownBefore, const LevelView& shownNow) {
-    if (!replacedLevel) return;
-    ShownLevel before{std::move(*replacedLevel), shownBefore};
-    replacedLevel.reset();
-    push(std::make_unique<ReplaceLevel>([this](const ShownLevel& shown) { showKeptLevel(shown); },
-                                        [this] { return LevelSnapshot(currentLevel, renderer); },
-                                        std::move(before), shownNow));
 }
 
 void LevelDocument::showKeptLevel(const ShownLevel& shown) {
@@ -113,62 +104,27 @@ void LevelDocument::showKeptLevel(const ShownLevel& shown) {
 }
 
 void LevelDocument::undo() {
-    if (!steps.canUndo()) return;
-    // A New or Open keeps the level it left at its first undo, so its size grows then.
-    const HistoryStep* undone = stepAt(steps.index() - 1);
-    const std::size_t bytes = undone->bytes();
-    stepThroughHistory([&] {
-        steps.undo();
-        keptBytes = keptBytes - bytes + undone->bytes();
-        dropOldestSteps();
-    });
+    stepThroughHistory(&LevelHistory::undo);
 }
 
 void LevelDocument::redo() {
-    if (steps.canRedo()) stepThroughHistory([this] { steps.redo(); });
+    stepThroughHistory(&LevelHistory::redo);
 }
 
-void LevelDocument::stepThroughHistory(const std::function<void()>& step) {
-    step();
+void LevelDocument::stepThroughHistory(bool (LevelHistory::*step)()) {
+    finishStroke();
+    if (!(steps.*step)()) return;
     emit steppedThroughHistory();
+    tellChangedCells();
     if (const auto shown = std::exchange(shownByStep, std::nullopt))
-        emit levelReplaced(shown->first, shown->second);
+        emit levelReplaced(shown->first, shown->second, false);
 }
 
-HistoryStep* LevelDocument::stepAt(int index) const {
-    return static_cast<HistoryStep*>(const_cast<QUndoCommand*>(steps.command(index)));
+void LevelDocument::cellsDrawn(const QRect& cells) {
+    changedCells |= cells;
 }
 
-void LevelDocument::push(std::unique_ptr<HistoryStep> step) {
-    for (int i = steps.index(); i < steps.count(); ++i) keptBytes -= stepAt(i)->bytes();
-    keptBytes += step->bytes();
-    steps.push(step.release());
-    dropOldestSteps();
-}
-
-// QUndoStack drops its oldest steps only by a count set while it is empty: over the limit, the
-// stack is rebuilt from copies of the steps that fit in seven eighths of it, so that this happens
-// once for every eighth of the limit. The steps farthest from the current one go: the oldest
-// done ones first, then the last of those that could be redone.
-void LevelDocument::dropOldestSteps() {
-    if (keptBytes <= historyLimit) return;
-    const int current = steps.index();
-    std::size_t bytes = 0;
-    for (int i = 0; i < steps.count(); ++i) bytes += stepAt(i)->bytes();
-    int first = 0;
-    int end = steps.count();
-    const std::size_t target = historyLimit / 8 * 7;
-    while (bytes > target && first < current) bytes -= stepAt(first++)->bytes();
-    while (bytes > target && end > current && end - first > 1) bytes -= stepAt(--end)->bytes();
-    std::vector<std::unique_ptr<HistoryStep>> kept;
-    for (int i = first; i < end; ++i) kept.push_back(stepAt(i)->copy());
-    const QSignalBlocker quiet(&steps);
-    steps.clear();
-    for (auto& step : kept) {
-        // Pushed as done; those that were undone are then undone again without their edit.
-        if (steps.count() >= current - first) step->skipNextUndo();
-        steps.push(step.release());
-    }
-    steps.setIndex(current - first);
-    keptBytes = bytes;
+void LevelDocument::tellChangedCells() {
+    if (const QRect cells = std::exchange(changedCells, QRect()); !cells.isEmpty())
+        emit cellsChanged(cells);
 }

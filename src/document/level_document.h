@@ -2,34 +2,28 @@
 
 #include "level.h"
 #include "level_file.h"
+#include "level_history.h"
 #include "level_renderer.h"
 #include "level_snapshot.h"
 #include "sprite_sheet.h"
 
-#include <functional>
-
 #include <QDir>
 #include <QObject>
+#include <QRect>
 #include <QString>
-#include <QUndoStack>
 
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <utility>
 
-class HistoryStep;
 struct ShownLevel;
 struct StrokeRecord;
 
-// The most memory the history holds; beyond it the oldest steps go first. What steps of each
-// kind keep is measured by the undo benchmark (bench/bench_undo.cpp).
-inline constexpr std::size_t HistoryByteLimit = std::size_t(512) << 20;
-
 // The level being edited and everything that belongs to it: the grid, the sprite sheet, the
-// canvases that show them and the files they come from and go to. Every edit of a cell goes
-// through here, and so does the history that takes edits back. It reports through its results
-// and signals and never opens a window.
+// canvases that show them, the files they come from and go to, and the history that takes
+// edits back. Every change of the level is a call here; views read the canvases and learn of
+// changes through the signals. It never opens a window.
 class LevelDocument : public QObject {
     Q_OBJECT
 
@@ -38,64 +32,67 @@ class LevelDocument : public QObject {
     LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent = nullptr);
     // Works in `folder`, with level99.VRK and EditPic.jpg in it.
     explicit LevelDocument(const QDir& folder, QObject* parent = nullptr);
+    ~LevelDocument() override;
 
     const Level& level() const { return currentLevel; }
     const SpriteSheet& sheet() const { return spriteSheet; }
-    MapCanvas& map() { return renderer.map(); }
-    MinimapCanvas& minimap() { return renderer.minimap(); }
+    const MapCanvas& map() const { return renderer.map(); }
+    const MinimapCanvas& minimap() const { return renderer.minimap(); }
     const QString& levelFile() const { return levelPath; }
     const RandomGenerator& wallGenerator() const { return renderer.random(); }
+    const LevelHistory& history() const { return steps; }
 
     // Loads the user's sprite sheet, or the built-in one when there is none. False when the
     // user's sheet cannot be used (the built-in one is used then).
     [[nodiscard]] bool loadSpriteSheet();
 
-    // Replaces the level by one of these sizes, all floor, without a hero.
-    void newLevel(int width, int height);
-    // Reads the level file; a refused file leaves the level as it was.
-    [[nodiscard]] LevelReadResult open();
-    // Makes the last New or Open, once redrawn, a step of the history, with what the window
-    // showed before it and shows now. Without it (at start-up) the replacement is no step.
-    void recordReplacement(const LevelView& shownBefore, const LevelView& shownNow);
+    // New and Open replace the level and redraw it whole: the grid, then the wall frame one
+    // cell inside the edge, unless a code without a picture stops the repaint. Given what the
+    // window showed before, the replacement becomes a step of the history (at start-up it is
+    // none). New makes a level of these sizes, all floor, without a hero.
+    void newLevel(int width, int height, std::optional<LevelView> shownBefore = std::nullopt);
+    // Open reads the level file; a refused file leaves the level as it was.
+    [[nodiscard]] LevelReadResult open(std::optional<LevelView> shownBefore = std::nullopt);
     // Writes the level file; a failed write leaves the old file as it was.
     [[nodiscard]] LevelWriteResult save() const;
-
-    // The whole-level redraw: the grid onto the canvases (false when a code without a
-    // picture stopped it), then the wall frame drawn with `tool`.
-    [[nodiscard]] bool repaintGrid();
-    void drawFrame(int tool);
 
     // Applies a palette tool to a cell and re-joins the walls around it; inside a stroke, the
     // cells written become part of its step.
     void applyTool(int x, int y, int tool);
-
-    // A stroke runs from the left button's press to its release; its first write makes it a
-    // step, so a stroke that writes nothing leaves none.
+    // A stroke runs from the left button's press to its release and becomes one step when it
+    // ends, or earlier when an undo, a redo, New or Open comes first; the writes after that
+    // make a step of their own. A stroke that writes nothing leaves none.
     void beginStroke();
     void endStroke();
     // Take back the last step and do it again: the level, its canvases and its hero come back
     // exactly; the wall generator goes on where it was.
     void undo();
     void redo();
-    const QUndoStack& history() const { return steps; }
-    std::size_t historyBytes() const { return keptBytes; }
-    void setHistoryLimit(std::size_t bytes) { historyLimit = bytes; }
+    void setHistoryLimit(std::size_t bytes) { steps.setLimit(bytes); }
 
   signals:
+    // Cells whose map pictures or minimap dots changed (the minimap's margin included), told
+    // once for each call that changed them.
+    void cellsChanged(const QRect& cells);
+    // The level file that Open read gave this warning; the redraw comes next.
+    void levelFileWarning(const QString& warning);
+    // New or Open has replaced the level, and the long redraw starts.
+    void redrawStarting();
+    // A whole level replaced the last one, whether by New, Open, undo or redo, and is drawn:
+    // shown with `view`; `painted` is false when a code without a picture stopped its repaint;
+    // `framed` when the wall frame was drawn anew (New and Open).
+    void levelReplaced(const LevelView& view, bool painted, bool framed);
     // After every undo and redo.
     void steppedThroughHistory();
-    // An undo or redo brought back a whole level, shown with `view`; `painted` is false when
-    // a code without a picture stopped its repaint.
-    void levelReplaced(const LevelView& view, bool painted);
 
   private:
-    void replaceLevel(Level next);
-    void push(std::unique_ptr<HistoryStep> step);
-    void dropOldestSteps();
-    bool strokeOnTop() const;
+    // The level that New or Open brings, redrawn and recorded.
+    void replaceLevel(Level next, const std::optional<LevelView>& shownBefore);
+    void finishStroke();
     void showKeptLevel(const ShownLevel& shown);
-    void stepThroughHistory(const std::function<void()>& step);
-    HistoryStep* stepAt(int index) const;
+    void stepThroughHistory(bool (LevelHistory::*step)());
+    void cellsDrawn(const QRect& cells);
+    void tellChangedCells();
 
     QString levelPath;
     QString sheetPath;
@@ -103,11 +100,9 @@ class LevelDocument : public QObject {
     SpriteSheet spriteSheet;
     LevelRenderer renderer{currentLevel};
 
-    std::optional<LevelSnapshot> replacedLevel;  // the level before the last New or Open
     bool strokeOpen = false;
-    std::shared_ptr<StrokeRecord> openStroke;  // the open stroke's record since its first write
+    std::unique_ptr<StrokeRecord> openStroke;  // the open stroke's writes since its last step
     std::optional<std::pair<LevelView, bool>> shownByStep;  // told once the step is over
-    std::size_t historyLimit = HistoryByteLimit;
-    std::size_t keptBytes = 0;
-    QUndoStack steps;
+    LevelHistory steps;
+    QRect changedCells;  // since the last cellsChanged
 };

@@ -5,6 +5,8 @@
 
 #include <QPoint>
 
+#include <cstddef>
+
 #include <optional>
 #include <vector>
 
@@ -25,19 +27,14 @@ struct StrokeRecord {
 // order, both through the sprite painter, so no wall piece is drawn anew.
 class PaintStroke : public HistoryStep {
   public:
-    PaintStroke(Level& level, LevelRenderer& renderer, std::shared_ptr<StrokeRecord> record)
-        : level(level), renderer(renderer), record(std::move(record)) {}
+    PaintStroke(Level& level, LevelRenderer& renderer, StrokeRecord record);
 
-    const StrokeRecord* keeps() const { return record.get(); }
+    void undo() override;
+    void redo() override;
     std::size_t bytes() const override;
-    std::unique_ptr<HistoryStep> copy() const override;
-
-  protected:
-    void undoEdit() override;
-    void redoEdit() override;
 
   private:
     Level& level;
     LevelRenderer& renderer;
-    std::shared_ptr<StrokeRecord> record;
+    StrokeRecord record;
 };

@@ -23,23 +23,14 @@ class ReplaceLevel : public HistoryStep {
 
     ReplaceLevel(Show show, Keep keep, ShownLevel before, LevelView afterView);
 
+    void undo() override;
+    void redo() override { show(*after); }
     std::size_t bytes() const override;
-    std::unique_ptr<HistoryStep> copy() const override;
-
-  protected:
-    void undoEdit() override;
-    void redoEdit() override { show(*levels->after); }
 
   private:
-    struct Levels {
-        ShownLevel before;
-        LevelView afterView;
-        std::optional<ShownLevel> after;  // kept at the first undo
-    };
-    ReplaceLevel(Show show, Keep keep, std::shared_ptr<Levels> levels)
-        : show(std::move(show)), keep(std::move(keep)), levels(std::move(levels)) {}
-
     Show show;
     Keep keep;
-    std::shared_ptr<Levels> levels;
+    ShownLevel before;
+    LevelView afterView;
+    std::optional<ShownLevel> after;  // kept at the first undo
 };

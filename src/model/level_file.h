@@ -5,7 +5,9 @@
 class QIODevice;
 class Level;
 
+// The level file the editor works on, and the sprite sheet it looks for beside it.
 inline constexpr char LevelFileName[] = "level99.VRK";
+inline constexpr char SpriteSheetFileName[] = "EditPic.jpg";
 
 // What reading a level file found.
 struct LevelReadResult {

@@ -11,20 +11,20 @@ void MapCanvas::resize(int columns, int rows) {
     width = std::max(columns, 0);
     height = std::max(rows, 0);
     cells.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Cleared);
-    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
+    if (changed) changed(QRect(0, 0, width, height));
 }
 
 void MapCanvas::drawCell(int x, int y, int sheetCell) {
     if (x < 0 || x >= width || y < 0 || y >= height) return;
     cells[static_cast<std::size_t>(y) * width + x] = static_cast<qint16>(sheetCell);
-    if (changed) changed(QRect(x * TileSize, y * TileSize, TileSize, TileSize));
+    if (changed) changed(QRect(x, y, 1, 1));
 }
 
 void MapCanvas::drawRow(int y, const qint16* sheetCells, int count) {
     if (y < 0 || y >= height) return;
     const int drawn = std::clamp(count, 0, width);
     std::copy_n(sheetCells, drawn, cells.begin() + static_cast<std::ptrdiff_t>(y) * width);
-    if (changed && drawn > 0) changed(QRect(0, y * TileSize, drawn * TileSize, TileSize));
+    if (changed && drawn > 0) changed(QRect(0, y, drawn, 1));
 }
 
 int MapCanvas::cellAt(int x, int y) const {

@@ -39,7 +39,13 @@ class MapCanvas {
     // proportion to the exposed area, not to the level.
     void paint(QPainter& painter, const QRect& exposed, const SpriteSheet& sheet) const;
 
-    // Told the surface pixels of every change, so a widget can schedule their repaint.
+    // The surface pixels of a rectangle of map cells.
+    static QRect pixelsOf(const QRect& cells) {
+        return {cells.x() * TileSize, cells.y() * TileSize, cells.width() * TileSize,
+                cells.height() * TileSize};
+    }
+
+    // Told the cells of every change.
     void setChangeListener(std::function<void(const QRect&)> listener) {
         changed = std::move(listener);
     }

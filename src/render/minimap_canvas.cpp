@@ -8,10 +8,6 @@
 
 namespace {
 
-QRect dotRect(int x, int y) {
-    return {x * MinimapCellSize - MinimapDotReach, y * MinimapCellSize - MinimapDotReach,
-            MinimapCellSize, MinimapCellSize};
-}
 // The cell whose dot covers surface pixel p.
 int dotIndex(int p) {
     return (p + MinimapDotReach) / MinimapCellSize;
@@ -51,7 +47,7 @@ void MinimapCanvas::resize(int columns, int rows) {
     dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
                 MinimapBackground);
     notAllFloor.assign(static_cast<std::size_t>(blocksPerRow()) * (height + 1), 0);
-    if (changed) changed(QRect(QPoint(0, 0), pixelSize()));
+    if (changed) changed(QRect(0, 0, width + 1, height + 1));
 }
 
 void MinimapCanvas::drawDot(int x, int y) {
@@ -63,7 +59,7 @@ void MinimapCanvas::setDot(int x, int y, QRgb colour) {
     dots[static_cast<std::size_t>(y) * (width + 1) + x] = colour;
     if (colour != MinimapBackground)
         notAllFloor[static_cast<std::size_t>(y) * blocksPerRow() + x / BlockDots] = 1;
-    if (changed) changed(dotRect(x, y));
+    if (changed) changed(QRect(x, y, 1, 1));
 }
 
 void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
@@ -71,7 +67,7 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
     const int drawn = std::clamp(count, 0, width + 1);
     std::copy_n(colours, drawn, dots.begin() + static_cast<std::ptrdiff_t>(y) * (width + 1));
     markBlocks(y, drawn);
-    if (changed && drawn > 0) changed(dotRect(0, y).united(dotRect(drawn - 1, y)));
+    if (changed && drawn > 0) changed(QRect(0, y, drawn, 1));
 }
 
 // Marks the blocks of dots 0..end - 1 of row y by what they hold now; a last block that

@@ -92,6 +92,14 @@ class MinimapCanvas {
     QSize shownSize(MinimapScale scale) const;
     void paintScaled(QPainter& painter, const QRect& exposed, MinimapScale scale) const;
 
+    // The surface pixels that the dots of a rectangle of cells cover.
+    static QRect pixelsOf(const QRect& cells) {
+        return {cells.x() * MinimapCellSize - MinimapDotReach,
+                cells.y() * MinimapCellSize - MinimapDotReach, cells.width() * MinimapCellSize,
+                cells.height() * MinimapCellSize};
+    }
+
+    // Told the cells of every change, the margin's included.
     void setChangeListener(std::function<void(const QRect&)> listener) {
         changed = std::move(listener);
     }

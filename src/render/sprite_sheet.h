@@ -3,8 +3,6 @@
 #include <QImage>
 #include <QRect>
 
-inline constexpr char SpriteSheetFileName[] = "EditPic.jpg";
-
 // Holds the sprite sheet and cuts it into 10 x 14 equal cells of width / 10 by height / 14,
 // numbered row by row from the top-left. A 640 x 896 sheet gives cells of one map cell.
 class SpriteSheet {

@@ -54,7 +54,7 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     toolStrip = new ToolStrip(this);
     levelMenu = new LevelMenu(this);
     minimapView = new MinimapView(this, document.minimap());
-    minimapView->move({8, 24, 144.8f, 88.8f});
+    minimapView->setPlacement({8, 24, 144.8f, 88.8f});
     mapViewport = new MapViewport(this, document);
     mouseHintLabel = new QLabel(QStringLiteral("Levým tl. myši kreslíte, pravým hýbete"), this);
     mouseHintLabel->setObjectName(QStringLiteral("mouseHintLabel"));
@@ -70,7 +70,11 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     connect(minimapView, &MinimapView::mapPointDragged, mapViewport, &MapViewport::minimapDragged);
     connect(minimapView, &MouseSurface::released, mapViewport, &MapViewport::mapReleased);
     connect(mapViewport, &MapViewport::viewMoved, this, &EditorWindow::updateMinimapViewFrame);
-    connect(&document, &LevelDocument::levelReplaced, this, &EditorWindow::showLevelFromHistory);
+    connect(&document, &LevelDocument::cellsChanged, minimapView, &MinimapView::showChangedCells);
+    connect(&document, &LevelDocument::levelFileWarning, this,
+            [this](const QString& warning) { this->dialogs.error(warning); });
+    connect(&document, &LevelDocument::redrawStarting, this, &EditorWindow::showRedrawStarting);
+    connect(&document, &LevelDocument::levelReplaced, this, &EditorWindow::showReplacedLevel);
     addKeys();
 }
 
@@ -106,42 +110,29 @@ void EditorWindow::startUp() {
     if (!document.loadSpriteSheet())
         dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
     show();
-    loadLevel(LoadMoment::StartUp);
+    loadLevel(std::nullopt);
     showHelp();
 }
 
-bool EditorWindow::loadLevel(LoadMoment moment) {
-    const LevelReadResult read = document.open();
-    if (!read.ok()) {
-        if (!read.missing || moment == LoadMoment::Open) dialogs.error(read.refusal);
-        // At start-up the editor goes on with a new level; on Open the level stays.
-        if (moment == LoadMoment::StartUp) makeNewLevel();
-        return false;
-    }
-    if (!read.warning.isEmpty()) dialogs.error(read.warning);
-    levelMenu->showSizes(document.level().width(), document.level().height());
-    redrawLevel();
-    layOutControls();
-    return true;
+// At start-up the replaced level is no step of the history.
+void EditorWindow::loadLevel(std::optional<LevelView> shownBefore) {
+    const LevelReadResult read = document.open(shownBefore);
+    if (read.ok()) return;
+    if (!read.missing || shownBefore) dialogs.error(read.refusal);
+    // At start-up the editor goes on with a new level; on Open the level stays.
+    if (!shownBefore) makeNewLevel(std::nullopt);
 }
 
 void EditorWindow::newLevel() {
-    const LevelView before = shownView();
-    if (makeNewLevel()) document.recordReplacement(before, shownView());
+    makeNewLevel(shownView());
 }
 
-bool EditorWindow::makeNewLevel() {
+void EditorWindow::makeNewLevel(std::optional<LevelView> shownBefore) {
     const auto width = sideFromField(levelMenu->widthText());
     const auto height = sideFromField(levelMenu->heightText());
-    if (!width || !height) {
-        dialogs.warning(EditorTexts::badNewSize(MaxLevelSide), EditorTexts::BadSizeTitle);
-        return false;
-    }
-    document.newLevel(*width, *height);
-    levelMenu->showSizes(*width, *height);
-    redrawLevel();
-    layOutControls();
-    return true;
+    if (!width || !height)
+        return dialogs.warning(EditorTexts::badNewSize(MaxLevelSide), EditorTexts::BadSizeTitle);
+    document.newLevel(*width, *height, shownBefore);
 }
 
 void EditorWindow::saveLevel() {
@@ -156,8 +147,7 @@ void EditorWindow::saveLevel() {
 
 void EditorWindow::openLevel() {
     if (!dialogs.question(EditorTexts::OpenQuestion, EditorTexts::OpenTitle)) return;
-    const LevelView before = shownView();
-    if (loadLevel(LoadMoment::Open)) document.recordReplacement(before, shownView());
+    loadLevel(shownView());
 }
 
 void EditorWindow::showHelp() {
@@ -169,12 +159,23 @@ LevelView EditorWindow::shownView() const {
     return {QPointF(map.left, map.top)};
 }
 
-// An undo or redo brought back a whole level, already painted: the window shows it as it
-// was shown then, and as a redraw would when its repaint stopped.
-void EditorWindow::showLevelFromHistory(const LevelView& view, bool painted) {
+// New and Open: while the level is redrawn, the map is hidden behind the loading label.
+void EditorWindow::showRedrawStarting() {
+    showBusy(true);
+    mapViewport->showLoading();
+    sizeMapAndMinimap();
+    mapViewport->deferUpdates(true);
+    minimapView->deferUpdates(true);
+}
+
+// A whole level, from New, Open, undo or redo, already painted: the window shows it as it
+// was shown then. A frame drawn anew presses the wall tool, as drawing it by hand would. A
+// repaint that a code without a picture stopped leaves the map hidden until a redraw completes.
+void EditorWindow::showReplacedLevel(const LevelView& view, bool painted, bool framed) {
     levelMenu->showSizes(document.level().width(), document.level().height());
     sizeMapAndMinimap();
     mapViewport->moveMapTo(view.mapPosition);
+    if (framed) toolStrip->pressTool(WallToolCode);
     layOutControls();
     if (painted) return showRedrawnLevel();
     showBusy(true);
@@ -183,26 +184,14 @@ void EditorWindow::showLevelFromHistory(const LevelView& view, bool painted) {
     showRedrawFailed();
 }
 
-void EditorWindow::redrawLevel() {
-    showBusy(true);
-    mapViewport->showLoading();
-    sizeMapAndMinimap();
-    // Repainting once afterwards is cheaper than scheduling every cell.
-    mapViewport->deferUpdates(true);
-    minimapView->deferUpdates(true);
-    if (!document.repaintGrid()) return showRedrawFailed();
-    toolStrip->pressTool(WallToolCode);
-    document.drawFrame(tool);
-    showRedrawnLevel();
-}
-
 void EditorWindow::sizeMapAndMinimap() {
     const int columns = document.level().width();
     const int rows = document.level().height();
     minimapView->setScale(minimapScaleFor(columns, rows));
     const QSizeF minimap = minimapView->shownSize(columns, rows);
-    minimapView->move({10, static_cast<float>(mouseHintLabel->height()),
-                       static_cast<float>(minimap.width()), static_cast<float>(minimap.height())});
+    minimapView->setPlacement({10, static_cast<float>(mouseHintLabel->height()),
+                               static_cast<float>(minimap.width()),
+                               static_cast<float>(minimap.height())});
     mapViewport->fitMapToLevel();
 }
 
@@ -237,10 +226,10 @@ void EditorWindow::layOutControls() {
                              ? minimap.width
                              : std::max(minimap.width, ShrunkenMinimapColumnWidth);
     const float menuHeight = levelMenu->placement().height;
-    levelMenu->move({10, clientHeight - menuHeight - 10, column, menuHeight});
+    levelMenu->setPlacement({10, clientHeight - menuHeight - 10, column, menuHeight});
     toolStrip->moveViewport({10, minimap.top + minimap.height + 10, column,
                              levelMenu->placement().top - minimap.height - minimap.top - 20});
-    mapViewport->move(
+    mapViewport->setPlacement(
         {column + 20, minimap.top, clientWidth - column - 30, clientHeight - minimap.top - 10});
     updateMinimapViewFrame();
 }

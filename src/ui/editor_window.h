@@ -1,9 +1,12 @@
 #pragma once
 
+#include "level_snapshot.h"
+
 #include <QWidget>
 
+#include <optional>
+
 class Dialogs;
-struct LevelView;
 class LevelDocument;
 class LevelMenu;
 class MapViewport;
@@ -34,13 +37,12 @@ class EditorWindow : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    enum class LoadMoment { StartUp, Open };
-    bool loadLevel(LoadMoment moment);  // true when the level was replaced
-    bool makeNewLevel();
+    void loadLevel(std::optional<LevelView> shownBefore);
+    void makeNewLevel(std::optional<LevelView> shownBefore);
     void addKeys();
     LevelView shownView() const;
-    void showLevelFromHistory(const LevelView& view, bool painted);
-    void redrawLevel();
+    void showRedrawStarting();
+    void showReplacedLevel(const LevelView& view, bool painted, bool framed);
     void sizeMapAndMinimap();
     void showRedrawFailed();
     void showRedrawnLevel();

@@ -26,7 +26,7 @@ QLineEdit* sizeField(QWidget* parent, const Placement& at, const QString& name) 
 LevelMenu::LevelMenu(QWidget* parent) : QGroupBox(QStringLiteral("Menu"), parent) {
     setObjectName(QStringLiteral("levelMenu"));
     setColour(this, QPalette::WindowText, QColor(0, 0, 255));
-    move({8, 400, 88.8f, 168.8f});
+    setPlacement({8, 400, 88.8f, 168.8f});
     auto* openButton = placed(new QPushButton(QStringLiteral("Otevřít"), this),
                               {8, 88, 72.8f, 32.8f}, QStringLiteral("openButton"));
     auto* saveButton = placed(new QPushButton(QStringLiteral("Uložit"), this),

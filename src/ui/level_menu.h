@@ -17,7 +17,7 @@ class LevelMenu : public QGroupBox {
 
     const Placement& placement() const { return place; }
     // Moves and sizes the block; a negative size is rejected and changes nothing.
-    bool move(const Placement& next) { return placeWidget(this, place, next); }
+    bool setPlacement(const Placement& next) { return placeWidget(this, place, next); }
 
     QString widthText() const;
     QString heightText() const;

@@ -5,14 +5,15 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-MapSurface::MapSurface(QWidget* parent, MapCanvas& canvas, const SpriteSheet& sheet)
+MapSurface::MapSurface(QWidget* parent, const MapCanvas& canvas, const SpriteSheet& sheet)
     : MouseSurface(parent, QColor(MapBackground), QStringLiteral("mapSurface")),
       canvas(canvas),
       sheet(sheet) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    canvas.setChangeListener([this](const QRect& pixels) {
-        if (!deferred) update(pixels);
-    });
+}
+
+void MapSurface::showChangedCells(const QRect& cells) {
+    if (!deferred) update(MapCanvas::pixelsOf(cells));
 }
 
 void MapSurface::deferUpdates(bool defer) {

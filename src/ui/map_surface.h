@@ -10,7 +10,9 @@ class MapSurface : public MouseSurface {
     Q_OBJECT
 
   public:
-    MapSurface(QWidget* parent, MapCanvas& canvas, const SpriteSheet& sheet);
+    MapSurface(QWidget* parent, const MapCanvas& canvas, const SpriteSheet& sheet);
+    // Schedules the repaint of these map cells.
+    void showChangedCells(const QRect& cells);
     // While deferred, changes of the canvas schedule nothing; resuming repaints everything.
     void deferUpdates(bool defer);
 

@@ -20,11 +20,12 @@ MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     setLineWidth(2);
     setColour(this, QPalette::Window, QColor(0, 0, 64));
     setAutoFillBackground(true);
-    move({584, 248, 649, 497});
+    setPlacement({584, 248, 649, 497});
     client = new QWidget(this);
     client->setGeometry(contentsRect());
     mapSurface = new MapSurface(client, document.map(), document.sheet());
-    mapSurface->move({48, 104, 392.8f, 320.8f});
+    mapSurface->setPlacement({48, 104, 392.8f, 320.8f});
+    connect(&document, &LevelDocument::cellsChanged, mapSurface, &MapSurface::showChangedCells);
     connect(mapSurface, &MouseSurface::pressed, this, &MapViewport::mapPressed);
     connect(mapSurface, &MouseSurface::moved, this, &MapViewport::mapMoved);
     connect(mapSurface, &MouseSurface::released, this, &MapViewport::mapReleased);
@@ -33,7 +34,7 @@ MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
             [this] { lastPaintedCell.reset(); });
     cursorOutline =
         new OutlineShape(mapSurface, QColor(0, 0, 255), QStringLiteral("cursorOutline"));
-    cursorOutline->move({0, 0, 51.2f, 51.2f});
+    cursorOutline->setPlacement({0, 0, 51.2f, 51.2f});
     // The loading label lies on the viewport itself, under the map: seen only while the map
     // is hidden for a redraw.
     loadingLabel = new QLabel(EditorTexts::Loading, client);
@@ -46,7 +47,7 @@ MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     loadingLabel->hide();
 }
 
-bool MapViewport::move(const Placement& next) {
+bool MapViewport::setPlacement(const Placement& next) {
     if (!placeWidget(this, place, next)) return false;
     if (client) client->setGeometry(contentsRect());
     return true;
@@ -66,13 +67,13 @@ void MapViewport::setTool(int code) {
     Placement outline = cursorOutline->placement();
     outline.width = static_cast<float>(TileSize * cells.width());
     outline.height = static_cast<float>(TileSize * cells.height());
-    cursorOutline->move(outline);
+    cursorOutline->setPlacement(outline);
 }
 
 void MapViewport::fitMapToLevel() {
     const float tile = TileSize;
-    mapSurface->move({0, 0, tile * static_cast<float>(document.level().width()),
-                      tile * static_cast<float>(document.level().height())});
+    mapSurface->setPlacement({0, 0, tile * static_cast<float>(document.level().width()),
+                              tile * static_cast<float>(document.level().height())});
 }
 
 void MapViewport::showLoading() {
@@ -157,7 +158,7 @@ void MapViewport::moveMap(float left, float top) {
     Placement map = mapSurface->placement();
     map.left = left;
     map.top = top;
-    mapSurface->move(map);
+    mapSurface->setPlacement(map);
     emit viewMoved();
 }
 
@@ -165,5 +166,5 @@ void MapViewport::moveOutline(float x, float y) {
     Placement outline = cursorOutline->placement();
     outline.left = static_cast<float>(cellUnder(x) * TileSize);
     outline.top = static_cast<float>(cellUnder(y) * TileSize);
-    cursorOutline->move(outline);
+    cursorOutline->setPlacement(outline);
 }

@@ -23,7 +23,7 @@ class MapViewport : public QFrame {
 
     const Placement& placement() const { return place; }
     // Moves and sizes the viewport; a negative size is rejected and changes nothing.
-    bool move(const Placement& next);
+    bool setPlacement(const Placement& next);
     const Placement& mapPlacement() const;
     // Puts the map's top-left corner at this point of the viewport.
     void moveMapTo(QPointF topLeft);

@@ -15,22 +15,23 @@ float onMap(float minimapCoordinate) {
 }
 }  // namespace
 
-MinimapView::MinimapView(QWidget* parent, MinimapCanvas& canvas)
+MinimapView::MinimapView(QWidget* parent, const MinimapCanvas& canvas)
     : MouseSurface(parent, QColor(MinimapBackground), QStringLiteral("minimapSurface")),
       canvas(canvas) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    canvas.setChangeListener([this](const QRect& pixels) {
-        if (deferred) return;
-        // A figure's square reaches a pixel beyond its cell.
-        const QRect changed =
-            shown.isFull() ? pixels : shown.shownRect(pixels).adjusted(-1, -1, 1, 1);
-        if (!shown.isFull()) stale += changed;
-        update(changed);
-    });
     viewFrame = new OutlineShape(this, QColor(255, 0, 0), QStringLiteral("minimapViewFrame"));
-    viewFrame->move({48, 16, 32.8f, 32.8f});
+    viewFrame->setPlacement({48, 16, 32.8f, 32.8f});
     connect(this, &MouseSurface::pressed, this, &MinimapView::minimapPressed);
     connect(this, &MouseSurface::moved, this, &MinimapView::minimapMoved);
+}
+
+void MinimapView::showChangedCells(const QRect& cells) {
+    if (deferred) return;
+    const QRect pixels = MinimapCanvas::pixelsOf(cells);
+    // A figure's square reaches a pixel beyond its cell.
+    const QRect changed = shown.isFull() ? pixels : shown.shownRect(pixels).adjusted(-1, -1, 1, 1);
+    if (!shown.isFull()) stale += changed;
+    update(changed);
 }
 
 void MinimapView::deferUpdates(bool defer) {
@@ -52,9 +53,9 @@ QSizeF MinimapView::shownSize(int columns, int rows) const {
 }
 
 void MinimapView::showViewFrame(const Placement& frame) {
-    if (shown.isFull()) return viewFrame->move(frame);
-    viewFrame->move({shown.across.toShown(frame.left), shown.down.toShown(frame.top),
-                     shown.across.toShown(frame.width), shown.down.toShown(frame.height)});
+    if (shown.isFull()) return viewFrame->setPlacement(frame);
+    viewFrame->setPlacement({shown.across.toShown(frame.left), shown.down.toShown(frame.top),
+                             shown.across.toShown(frame.width), shown.down.toShown(frame.height)});
 }
 
 QPointF MinimapView::onMap(QPointF position) const {

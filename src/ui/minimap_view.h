@@ -16,7 +16,9 @@ class MinimapView : public MouseSurface {
     Q_OBJECT
 
   public:
-    MinimapView(QWidget* parent, MinimapCanvas& canvas);
+    MinimapView(QWidget* parent, const MinimapCanvas& canvas);
+    // Schedules the repaint of the dots of these cells.
+    void showChangedCells(const QRect& cells);
     // While deferred, changes of the canvas schedule nothing; resuming repaints everything.
     void deferUpdates(bool defer);
     // The scale of the level about to be drawn; the size that goes with it.

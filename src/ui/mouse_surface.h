@@ -16,7 +16,7 @@ class MouseSurface : public QWidget {
 
     const Placement& placement() const { return place; }
     // Moves and sizes the surface; a negative size is rejected and changes nothing.
-    bool move(const Placement& next) { return placeWidget(this, place, next); }
+    bool setPlacement(const Placement& next) { return placeWidget(this, place, next); }
 
   signals:
     void pressed(Qt::MouseButtons button, QPointF position);

@@ -11,7 +11,7 @@ class OutlineShape : public QWidget {
   public:
     OutlineShape(QWidget* parent, QColor colour, const QString& name);
     const Placement& placement() const { return place; }
-    void move(const Placement& next) { placeWidget(this, place, next); }
+    void setPlacement(const Placement& next) { placeWidget(this, place, next); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -40,9 +40,9 @@ class ToolButton : public QToolButton {
 ToolStrip::ToolStrip(QWidget* parent)
     : MouseSurface(parent, parent->palette().color(QPalette::Base),
                    QStringLiteral("toolStripViewport")) {
-    MouseSurface::move({112, 104, 96.8f, 825.6f});
+    MouseSurface::setPlacement({112, 104, 96.8f, 825.6f});
     strip = new MouseSurface(this, QColor(180, 205, 228), QStringLiteral("toolStrip"));
-    strip->move({0, StripTop, 80.8f, 1888});
+    strip->setPlacement({0, StripTop, 80.8f, 1888});
     connect(strip, &MouseSurface::pressed, this,
             [this](Qt::MouseButtons, QPointF position) { toolStripPressed(position); });
     connect(strip, &MouseSurface::moved, this, &ToolStrip::toolStripDragged);
@@ -81,11 +81,11 @@ bool ToolStrip::moveViewport(const Placement& next) {
     // A strip scrolled to its last entry stays there when the viewport grows, rather than
     // leaving an empty gap below it; no further down than where it shows the first.
     const bool atItsEnd = widened.top <= placement().height - widened.height;
-    const bool moved = MouseSurface::move(next);
+    const bool moved = MouseSurface::setPlacement(next);
     widened.width = placement().width;
     if (atItsEnd && widened.top < placement().height - widened.height)
         widened.top = std::min(StripTop, placement().height - widened.height);
-    strip->move(widened);
+    strip->setPlacement(widened);
     return moved;
 }
 
@@ -108,7 +108,7 @@ void ToolStrip::toolStripDragged(Qt::MouseButtons buttons, QPointF position) {
     if (buttons == Qt::NoButton) return;
     Placement moved = strip->placement();
     moved.top += static_cast<float>(position.y()) - toolStripGrabY;
-    strip->move(moved);
+    strip->setPlacement(moved);
 }
 
 void ToolStrip::wheelEvent(QWheelEvent* event) {
@@ -119,6 +119,6 @@ void ToolStrip::wheelEvent(QWheelEvent* event) {
     moved.top =
         scrolledWithin(moved.top, PixelsPerEighth * static_cast<float>(event->angleDelta().y()),
                        placement().height - moved.height, StripTop);
-    strip->move(moved);
+    strip->setPlacement(moved);
     event->accept();
 }

@@ -162,7 +162,9 @@ class LevelToolTest : public QObject {
         };
         const char* const census = "Život: 1\n  Místnost A: 1\n  Hrdina: 1\n  kód 33 (část";
         row("one bad of two", "check|úroveň ok.VRK|úroveň chybí.VRK", 1, "(7, 3)\núroveň chybí");
+        row("bad first of two", "check|úroveň chybí.VRK|úroveň ok.VRK", 1, "chybí");
         row("info", "info|úroveň ok.VRK", 0, census);
+        row("info without hero", "info|úroveň bez hrdiny.VRK", 0, "11, bez hrdiny\n  ! Je nutné");
         row("no command", "", 2, "Chybí příkaz");
         row("unknown command", "draw|úroveň ok.VRK", 2, "„draw“");
         row("no output", "render|úroveň ok.VRK", 2, "-o OBR.png");

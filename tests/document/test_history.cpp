@@ -3,26 +3,66 @@
 #include "tile_codes.h"
 #include "tools.h"
 
-#include <QDataStream>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
 // What an undo must bring back: the saved bytes, the hero, and both canvases.
-static QByteArray shown(LevelDocument& document) {
+struct Shown {
+    QByteArray file;
+    std::optional<QPoint> hero;
+    QRgb drawingColour = 0;
+    int columns = 0;
+    std::vector<int> cells;  // map cell and dot of each cell, margin included, row by row
+    std::vector<QRgb> dots;
+};
+
+static Shown shown(const LevelDocument& document) {
     const Level& level = document.level();
-    QByteArray all = encodeLevelFile(level);
-    QDataStream out(&all, QIODevice::Append);
-    out << level.hero().has_value() << level.heroOrOrigin() << document.minimap().drawingColour();
+    Shown all{encodeLevelFile(level), level.hero(), document.minimap().drawingColour(),
+              level.width() + 1,      {},           {}};
     for (int y = 0; y <= level.height(); ++y)
-        for (int x = 0; x <= level.width(); ++x)
-            out << document.map().cellAt(x, y) << document.minimap().dotAt(x, y);
+        for (int x = 0; x <= level.width(); ++x) {
+            all.cells.push_back(document.map().cellAt(x, y));
+            all.dots.push_back(document.minimap().dotAt(x, y));
+        }
     return all;
 }
 
+// The first thing in which two shown levels differ, or nothing.
+static QString difference(const Shown& a, const Shown& b) {
+    if (a.columns != b.columns || a.cells.size() != b.cells.size())
+        return QStringLiteral("the sizes differ");
+    for (std::size_t i = 0; i < a.cells.size(); ++i) {
+        const auto x = static_cast<int>(i % std::size_t(a.columns));
+        const auto y = static_cast<int>(i / std::size_t(a.columns));
+        if (a.cells[i] != b.cells[i])
+            return QStringLiteral("map cell (%1, %2): %3, not %4")
+                .arg(x)
+                .arg(y)
+                .arg(a.cells[i])
+                .arg(b.cells[i]);
+        if (a.dots[i] != b.dots[i])
+            return QStringLiteral("dot (%1, %2): %3, not %4")
+                .arg(x)
+                .arg(y)
+                .arg(a.dots[i], 0, 16)
+                .arg(b.dots[i], 0, 16);
+    }
+    if (a.hero != b.hero) return QStringLiteral("the hero differs");
+    if (a.drawingColour != b.drawingColour) return QStringLiteral("the drawing colour differs");
+    if (a.file != b.file) return QStringLiteral("the saved bytes differ");
+    return {};
+}
+#define COMPARE_SHOWN(actual, expected)                           \
+    do {                                                          \
+        const QString differs = difference((actual), (expected)); \
+        QVERIFY2(differs.isEmpty(), qPrintable(differs));         \
+    } while (false)
+
 // Opens a level of random codes (some without a picture, or in some levels only codes with a
-// dot colour of their own) and redraws it as the window does.
-static void openRandomLevel(LevelDocument& document, QRandomGenerator& random) {
+// dot colour of their own); once the document has a level, as a step of the history.
+static void openRandomLevel(LevelDocument& document, QRandomGenerator& random, bool recorded) {
     Level level;
     level.reset(random.bounded(3, 30), random.bounded(3, 30));
     const int codes = random.bounded(4) ? SheetCellCount : SheetCellCount + 1;
@@ -34,14 +74,62 @@ static void openRandomLevel(LevelDocument& document, QRandomGenerator& random) {
                 (!coloured || (hasPicture(code) && ownDotColours()[code] != NoOwnColour)))
                 level.setCell(x, y, qint16(code));
         }
-    QVERIFY(writeLevelFile(level, document.levelFile()).ok() && document.open().ok());
-    if (document.repaintGrid()) document.drawFrame(WallToolCode);
+    QVERIFY(writeLevelFile(level, document.levelFile()).ok());
+    QVERIFY(document.open(recorded ? std::optional(LevelView{}) : std::nullopt).ok());
 }
+
+// A step that only holds a size (another once undone) and logs its undos and redos.
+class SizedStep : public HistoryStep {
+  public:
+    SizedStep(int name, std::size_t size, std::size_t undoneSize, QString& log)
+        : name(name), size(size), undoneSize(undoneSize), log(log) {}
+    void undo() override {
+        log += QStringLiteral("u%1 ").arg(name);
+        size = undoneSize;
+    }
+    void redo() override { log += QStringLiteral("r%1 ").arg(name); }
+    std::size_t bytes() const override { return size; }
+
+  private:
+    int name;
+    std::size_t size;
+    std::size_t undoneSize;
+    QString& log;
+};
 
 class HistoryTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void historyDropsTheFarthestStepsOverItsLimit() {
+        QString log;
+        LevelHistory history(100);
+        const auto step = [&](int name, std::size_t size, std::size_t undone = 0) {
+            return std::make_unique<SizedStep>(name, size, undone ? undone : size, log);
+        };
+        for (int name = 1; name <= 4; ++name) history.push(step(name, 30));
+        QCOMPARE(history.count(), 3);  // step 1 went
+        QCOMPARE(history.bytes(), std::size_t(90));
+        QVERIFY(history.undo() && history.undo());
+        history.push(step(5, 10));  // the undone 3 and 4 go
+        QCOMPARE(history.count(), 2);
+        QCOMPARE(history.bytes(), std::size_t(40));
+        history.push(step(6, 20, 70));
+        QVERIFY(history.undo());  // 6 grows to 70: the oldest done step, 2, goes
+        QCOMPARE(history.count(), 2);
+        QCOMPARE(history.index(), 1);
+        QCOMPARE(history.bytes(), std::size_t(80));
+        QVERIFY(history.undo());
+        history.setLimit(75);  // nothing done: the last step to redo, 6, goes
+        QCOMPARE(history.count(), 1);
+        QCOMPARE(history.bytes(), std::size_t(10));
+        history.setLimit(5);  // the next step to redo stays
+        QCOMPARE(history.count(), 1);
+        QVERIFY(!history.undo());
+        QVERIFY(history.redo() && !history.redo());
+        QCOMPARE(log, QStringLiteral("u4 u3 u6 u5 r5 "));
+    }
+
     // Strokes of every tool, undos inside them and Opens; also under a small history limit.
     void undoAndRedoGiveBackEachStepExactly() {
         QRandomGenerator random(16);
@@ -49,14 +137,13 @@ class HistoryTest : public QObject {
         QTemporaryDir folder;
         for (int round = 0; round < 40; ++round) {
             LevelDocument document{QDir(folder.path())};
-            openRandomLevel(document, random);
+            openRandomLevel(document, random, false);
             const std::size_t limit = round % 4 == 3 ? 6000 : HistoryByteLimit;  // oldest go
             document.setHistoryLimit(limit);
-            std::map<int, QByteArray> afterStep{{0, shown(document)}};
+            std::map<int, Shown> afterStep{{0, shown(document)}};
             for (int step = 0; step < 30; ++step) {
                 if (random.bounded(8) == 0) {
-                    openRandomLevel(document, random);
-                    document.recordReplacement({}, {});
+                    openRandomLevel(document, random, true);
                 } else {
                     document.beginStroke();
                     for (int event = random.bounded(1, 8); event > 0; --event) {
@@ -67,27 +154,28 @@ class HistoryTest : public QObject {
                     }
                     document.endStroke();
                 }
-                QVERIFY(document.historyBytes() <= limit);
+                QVERIFY(document.history().bytes() <= limit);
                 afterStep[document.history().index()] = shown(document);
             }
             while (document.history().canRedo()) document.redo();  // a stroke's own undo
-            const QByteArray end = shown(document);
+            const Shown end = shown(document);
             const quint32 generator = document.wallGenerator().state();
-            std::vector<QByteArray> passed{end};  // each level undoing passes, in turn
+            std::vector<Shown> passed{end};  // each level undoing passes, in turn
             while (document.history().canUndo()) {
                 document.undo();  // with steps dropped, the indices move
-                QVERIFY(document.historyBytes() <= limit);  // undoing too keeps the limit
+                QVERIFY(document.history().bytes() <= limit);  // undoing too keeps the limit
                 passed.push_back(shown(document));
-                if (limit > 6000) QCOMPARE(passed.back(), afterStep[document.history().index()]);
+                if (limit > 6000)
+                    COMPARE_SHOWN(passed.back(), afterStep[document.history().index()]);
             }
             // Redoing passes them again backwards, as far as the steps kept reach: under the
             // small limit the last ones were dropped.
             for (std::size_t back = passed.size() - 1; document.history().canRedo();) {
                 document.redo();
                 QVERIFY(back > 0);
-                QCOMPARE(shown(document), passed[--back]);
+                COMPARE_SHOWN(shown(document), passed[--back]);
             }
-            if (limit > 6000) QCOMPARE(shown(document), end);
+            if (limit > 6000) COMPARE_SHOWN(shown(document), end);
             QCOMPARE(document.wallGenerator().state(), generator);  // walls go on, not back
         }
     }

@@ -42,10 +42,10 @@ class EditingTest : public QObject {
         press(editor.map, {600, 330});   // column 9, row 5: paints at once and scrolls right
         QCOMPARE(editor.level.cell(9, 5), 14);
         QCOMPARE(editor.map->placement().left, -32.0f);
-        editor.map->move({-200, 0, 2560, 2560});
+        editor.map->setPlacement({-200, 0, 2560, 2560});
         press(editor.map, {250, 330});  // column 3; the left zone ends below 264
         QCOMPARE(editor.map->placement().left, -168.0f);
-        editor.map->move({-40, 0, 2560, 2560});
+        editor.map->setPlacement({-40, 0, 2560, 2560});
         press(editor.map, {130, 460});  // column 2; the zone ends below 104
         QCOMPARE(editor.map->placement().left, -40.0f);
         QCOMPARE(editor.level.cell(2, 7), 17);  // joined to the frame on its left

@@ -30,6 +30,8 @@ class LargeLevelsTest : public QObject {
         QTest::newRow("1000 x 3") << QSize(1000, 3) << QSizeF(240, 12);  // the short side stretched
         QTest::newRow("3 x 1000") << QSize(3, 1000) << QSizeF(12, 240);
         QTest::newRow("1000 x 10") << QSize(1000, 10) << QSizeF(240, 12);
+        // Shown 102.86 pixels high: the last pixel row, partly covered, shows the frame.
+        QTest::newRow("700 x 300") << QSize(700, 300) << QSizeF(240, double(1800.0f * 2 / 35));
     }
     void controlsStayClearOfEachOther() {
         QFETCH(QSize, level);
@@ -43,6 +45,13 @@ class LargeLevelsTest : public QObject {
         // As wide as the minimap; a shrunk one's at least as wide as a 20-column level's.
         const bool shrunk = std::max(level.width(), level.height()) > 40;
         const auto column = float(shrunk ? std::max(minimap.width(), 120.0) : minimap.width());
+        if (shrunk) {  // the frame's bottom wall shows, also on a partly covered pixel row
+            const QImage shown = minimapView->grab().toImage();
+            const MinimapScale scale = minimapScaleFor(level.width(), level.height());
+            const QPoint wall(int(scale.across.toShown(float(6 * (level.width() / 2)))),
+                              int(scale.down.toShown(float(6 * (level.height() - 2)))));
+            QVERIFY(qGray(shown.pixel(wall)) < qGray(MinimapBackground));
+        }
         QCOMPARE(editor.part<LevelMenu>("levelMenu")->placement().width, column);
         QCOMPARE(editor.viewport->placement().left, column + 20);
         QVERIFY(editor.part<ToolStrip>("toolStripViewport")->placement().height > 0);
@@ -75,7 +84,8 @@ class LargeLevelsTest : public QObject {
         minimap.resize(1000, 1000);
         const MinimapScale scale = minimapScaleFor(1000, 1000);
         QRect told;
-        minimap.setChangeListener([&](const QRect& pixels) { told = scale.shownRect(pixels); });
+        minimap.setChangeListener(
+            [&](const QRect& cells) { told = scale.shownRect(MinimapCanvas::pixelsOf(cells)); });
         auto shown = [&](QRect exposed = {0, 0, 240, 240}) {
             QImage image(240, 240, QImage::Format_RGB32);
             image.fill(Qt::magenta);
@@ -122,6 +132,13 @@ class LargeLevelsTest : public QObject {
         QCOMPARE(viewport->mapPlacement().left, float(view.width() - 64 * 100));
         QCOMPARE(editor.part<OutlineShape>("minimapViewFrame")->placement().left,
                  float(64 * 100 - view.width()) / 64 * 6 * 240 / 600);
+        // A map dragged past its end stays there: the wheel turned on never pulls it back.
+        const float pastEnd = float(view.height() - 64 * 50 - 200);
+        viewport->moveMapTo({0, pastEnd});
+        turnWheel(viewport, -120);
+        QCOMPARE(viewport->mapPlacement().top, pastEnd);
+        turnWheel(viewport, 120);
+        QCOMPARE(viewport->mapPlacement().top, pastEnd + 64);
 
         auto* palette = editor.part<ToolStrip>("toolStripViewport");
         turnWheel(palette, -120);

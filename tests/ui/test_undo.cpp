@@ -14,7 +14,7 @@ class UndoTest : public QObject {
     void keysTakeBackStrokesNewAndOpen() {
         Editor editor(QSize(25, 24));  // started on this level file
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
-        const QUndoStack& history = editor.document.history();
+        const LevelHistory& history = editor.document.history();
         auto* widthField = editor.part<QLineEdit>("widthField");
         const auto key = [](int code, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key(code), modifiers);
