@@ -1,8 +1,11 @@
 #include "level_document.h"
 
-#include "paint_stroke.h"
+#include "area_painter.h"
+#include "cell_edit.h"
+#include "cell_region.h"
 #include "replace_level.h"
 #include "tile_codes.h"
+#include "tools.h"
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
     : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
@@ -68,7 +71,7 @@ void LevelDocument::applyTool(int x, int y, int tool) {
         return tellChangedCells();
     }
     if (!openStroke) {
-        openStroke = std::make_unique<StrokeRecord>();
+        openStroke = std::make_unique<CellEditRecord>();
         openStroke->heroBefore = currentLevel.hero();
         openStroke->drawingBefore = renderer.minimap().drawingColour();
     }
@@ -79,6 +82,42 @@ void LevelDocument::applyTool(int x, int y, int tool) {
     renderer.sprites().setWriteListener({});
     openStroke->heroAfter = currentLevel.hero();
     openStroke->drawingAfter = renderer.minimap().drawingColour();
+    tellChangedCells();
+}
+
+void LevelDocument::fillRectangle(QPoint pressCell, QPoint releaseCell, int tool) {
+    const CellRegion region = rectangleRegion(currentLevel, pressCell, releaseCell);
+    if (region.isEmpty()) return;
+    recordEdit([&] {
+        AreaPainter area(currentLevel, renderer.sprites(), renderer.tools());
+        if (toolKind(tool) == ToolKind::Room)
+            area.layRooms(region, tool, pressCell);
+        else
+            area.fill(region, tool, releaseCell);
+    });
+}
+
+void LevelDocument::floodFill(QPoint cell, int tool) {
+    if (!isInsideFrame(currentLevel, cell.x(), cell.y())) return;
+    const CellRegion region = floodRegion(currentLevel, cell);
+    recordEdit([&] {
+        AreaPainter(currentLevel, renderer.sprites(), renderer.tools()).fill(region, tool, cell);
+    });
+}
+
+void LevelDocument::recordEdit(const std::function<void()>& write) {
+    finishStroke();
+    CellEditRecord record;
+    record.heroBefore = currentLevel.hero();
+    record.drawingBefore = renderer.minimap().drawingColour();
+    renderer.sprites().setWriteListener(
+        [&record](const CellWrite& written) { record.writes.push_back(written); });
+    write();
+    renderer.sprites().setWriteListener({});
+    record.heroAfter = currentLevel.hero();
+    record.drawingAfter = renderer.minimap().drawingColour();
+    if (!record.writes.empty())
+        steps.push(std::make_unique<CellEdit>(currentLevel, renderer, std::move(record)));
     tellChangedCells();
 }
 
@@ -94,7 +133,7 @@ void LevelDocument::endStroke() {
 
 void LevelDocument::finishStroke() {
     if (openStroke && !openStroke->writes.empty())
-        steps.push(std::make_unique<PaintStroke>(currentLevel, renderer, std::move(*openStroke)));
+        steps.push(std::make_unique<CellEdit>(currentLevel, renderer, std::move(*openStroke)));
     openStroke.reset();
 }
 

@@ -13,12 +13,13 @@
 #include <QString>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
 
 struct ShownLevel;
-struct StrokeRecord;
+struct CellEditRecord;
 
 // The level being edited and everything that belongs to it: the grid, the sprite sheet, the
 // canvases that show them, the files they come from and go to, and the history that takes
@@ -64,6 +65,14 @@ class LevelDocument : public QObject {
     // make a step of their own. A stroke that writes nothing leaves none.
     void beginStroke();
     void endStroke();
+    // Area edits, one step each: the region is computed on the grid first, then each of its
+    // cells written once, the walls next to it re-joined. A rectangle from `pressCell` to
+    // `releaseCell`, inside the frame, takes the tool in every cell, or as many whole room
+    // blocks as fit, laid from the press corner; the hero goes to the release cell.
+    void fillRectangle(QPoint pressCell, QPoint releaseCell, int tool);
+    // The cells connected to `cell` that hold the same thing (any wall piece counting as one)
+    // take the tool; a room or the hero is laid at `cell` alone, as a click lays it.
+    void floodFill(QPoint cell, int tool);
     // Take back the last step and do it again: the level, its canvases and its hero come back
     // exactly; the wall generator goes on where it was.
     void undo();
@@ -89,6 +98,8 @@ class LevelDocument : public QObject {
     // The level that New or Open brings, redrawn and recorded.
     void replaceLevel(Level next, const std::optional<LevelView>& shownBefore);
     void finishStroke();
+    // Runs `write`, recording its writes as one step.
+    void recordEdit(const std::function<void()>& write);
     void showKeptLevel(const ShownLevel& shown);
     void stepThroughHistory(bool (LevelHistory::*step)());
     void cellsDrawn(const QRect& cells);
@@ -101,7 +112,7 @@ class LevelDocument : public QObject {
     LevelRenderer renderer{currentLevel};
 
     bool strokeOpen = false;
-    std::unique_ptr<StrokeRecord> openStroke;  // the open stroke's writes since its last step
+    std::unique_ptr<CellEditRecord> openStroke;  // the open stroke's writes since its last step
     std::optional<std::pair<LevelView, bool>> shownByStep;  // told once the step is over
     LevelHistory steps;
     QRect changedCells;  // since the last cellsChanged

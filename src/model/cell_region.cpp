@@ -1,5 +1,7 @@
 #include "cell_region.h"
 
+#include <algorithm>
+
 #include "level.h"
 #include "tile_codes.h"
 
@@ -26,7 +28,13 @@ QRect insideFrame(const Level& level) {
 }  // namespace
 
 CellRegion rectangleRegion(const Level& level, QPoint corner, QPoint otherCorner) {
-    const QRect cells = QRect(corner, otherCorner).normalized() & insideFrame(level);
+    // Both corners are cells of the rectangle (QRect::normalized would drop them when the
+    // second lies left of or above the first).
+    const QRect cells =
+        QRect(
+            QPoint(std::min(corner.x(), otherCorner.x()), std::min(corner.y(), otherCorner.y())),
+            QPoint(std::max(corner.x(), otherCorner.x()), std::max(corner.y(), otherCorner.y()))) &
+        insideFrame(level);
     CellRegion region(cells);
     for (int y = cells.top(); y <= cells.bottom(); ++y) {
         for (int x = cells.left(); x <= cells.right(); ++x) region.add(x, y);

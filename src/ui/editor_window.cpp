@@ -99,6 +99,9 @@ void EditorWindow::addKeys() {
     addKey({QKeySequence(Qt::CTRL | Qt::Key_O)}, &EditorWindow::openLevel);
     addKey({QKeySequence(Qt::CTRL | Qt::Key_N)}, &EditorWindow::newLevel);
     addKey({QKeySequence(Qt::Key_F1)}, &EditorWindow::showHelp);
+    // Shift is usually still held while a rectangle is dragged.
+    addKey({QKeySequence(Qt::Key_Escape), QKeySequence(Qt::SHIFT | Qt::Key_Escape)},
+           [this] { mapViewport->cancelRectangle(); });
 }
 
 EditorWindow::~EditorWindow() {

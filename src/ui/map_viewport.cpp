@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     : QFrame(parent), document(document) {
     setObjectName(QStringLiteral("mapViewport"));
@@ -35,6 +37,9 @@ MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     cursorOutline =
         new OutlineShape(mapSurface, QColor(0, 0, 255), QStringLiteral("cursorOutline"));
     cursorOutline->setPlacement({0, 0, 51.2f, 51.2f});
+    rectangleOutline =
+        new OutlineShape(mapSurface, QColor(255, 255, 0), QStringLiteral("rectangleOutline"));
+    rectangleOutline->hide();
     // The loading label lies on the viewport itself, under the map: seen only while the map
     // is hidden for a redraw.
     loadingLabel = new QLabel(EditorTexts::Loading, client);
@@ -92,17 +97,47 @@ void MapViewport::showMap() {
     show();
 }
 
-void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position) {
-    if (button == Qt::RightButton)
+void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position,
+                             Qt::KeyboardModifiers modifiers) {
+    if (button == Qt::RightButton) {
         mapGrabPoint = QPointF(static_cast<float>(position.x()), static_cast<float>(position.y()));
-    else if (button == Qt::LeftButton) {
+        return;
+    }
+    if (button != Qt::LeftButton) return;
+    const auto x = static_cast<float>(position.x());
+    const auto y = static_cast<float>(position.y());
+    const QPoint cell(cellUnder(x), cellUnder(y));
+    if (modifiers & Qt::ControlModifier) {
+        leftDrag = LeftDrag::None;
+        document.floodFill(cell, tool);
+        lastPaintedCell.reset();  // the fill may have changed it
+    } else if ((modifiers & Qt::ShiftModifier) && toolKind(tool) != ToolKind::Hero) {
+        leftDrag = LeftDrag::Rectangle;
+        rectangleCorner = rectangleEnd = cell;
+        dragRectangleTo(x, y);
+        rectangleOutline->show();
+    } else {
+        leftDrag = LeftDrag::Stroke;
         document.beginStroke();
         mapMoved(button, position);  // a single click paints
     }
 }
 
 void MapViewport::mapReleased(Qt::MouseButtons button) {
-    if (button == Qt::LeftButton) document.endStroke();
+    if (button != Qt::LeftButton) return;
+    if (leftDrag == LeftDrag::Stroke) document.endStroke();
+    if (leftDrag == LeftDrag::Rectangle) {
+        rectangleOutline->hide();
+        document.fillRectangle(rectangleCorner, rectangleEnd, tool);
+        lastPaintedCell.reset();
+    }
+    leftDrag = LeftDrag::None;
+}
+
+void MapViewport::cancelRectangle() {
+    if (leftDrag != LeftDrag::Rectangle) return;
+    rectangleOutline->hide();
+    leftDrag = LeftDrag::None;
 }
 
 void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
@@ -112,19 +147,47 @@ void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
         const Placement map = mapSurface->placement();
         moveMap(map.left + x - static_cast<float>(mapGrabPoint.x()),
                 map.top + y - static_cast<float>(mapGrabPoint.y()));
-    } else if (buttons == Qt::LeftButton) {
-        const QPoint cell(cellUnder(x), cellUnder(y));
-        const Level& level = document.level();
-        if (!isInsideFrame(level, cell.x(), cell.y())) return;
-        if (lastPaintedCell != cell) {
-            document.applyTool(cell.x(), cell.y(), tool);
-            lastPaintedCell = cell;
-            const Placement scrolled =
-                scrollAtEdges(mapSurface->placement(), x, y, place.width, place.height);
-            moveMap(scrolled.left, scrolled.top);
-        }
+    } else if (buttons == Qt::LeftButton && leftDrag == LeftDrag::Rectangle) {
+        dragRectangleTo(x, y);
+    } else if (buttons == Qt::LeftButton && leftDrag == LeftDrag::Stroke) {
+        // Outside the frame's inside a stroke paints nothing and the outline stays put.
+        if (!paintAt(x, y)) return;
     }
     moveOutline(x, y);
+}
+
+bool MapViewport::paintAt(float x, float y) {
+    const QPoint cell(cellUnder(x), cellUnder(y));
+    if (!isInsideFrame(document.level(), cell.x(), cell.y())) return false;
+    if (lastPaintedCell == cell) return true;
+    document.applyTool(cell.x(), cell.y(), tool);
+    lastPaintedCell = cell;
+    scrollTowards(x, y);
+    return true;
+}
+
+// The outline covers the rectangle's cells on the level; a new corner cell scrolls the map
+// at the edges as painting does.
+void MapViewport::dragRectangleTo(float x, float y) {
+    const QPoint cell(cellUnder(x), cellUnder(y));
+    const bool moved = cell != rectangleEnd;
+    rectangleEnd = cell;
+    const QRect level(0, 0, document.level().width(), document.level().height());
+    const QRect cells = QRect(QPoint(std::min(rectangleCorner.x(), cell.x()),
+                                     std::min(rectangleCorner.y(), cell.y())),
+                              QPoint(std::max(rectangleCorner.x(), cell.x()),
+                                     std::max(rectangleCorner.y(), cell.y()))) &
+                        level;
+    const QRect pixels = MapCanvas::pixelsOf(cells);
+    rectangleOutline->setPlacement(
+        {float(pixels.x()), float(pixels.y()), float(pixels.width()), float(pixels.height())});
+    if (moved) scrollTowards(x, y);
+}
+
+void MapViewport::scrollTowards(float x, float y) {
+    const Placement scrolled =
+        scrollAtEdges(mapSurface->placement(), x, y, place.width, place.height);
+    moveMap(scrolled.left, scrolled.top);
 }
 
 void MapViewport::minimapPressed(Qt::MouseButtons button, QPointF mapPoint) {

@@ -40,9 +40,14 @@ class MapViewport : public QFrame {
 
     // The mouse on the map, in map pixels; the minimap hands on its own presses and drags as
     // the map points they stand for. A left-button stroke runs from the press to the release.
-    void mapPressed(Qt::MouseButtons button, QPointF position);
+    // With Shift, the left button drags a rectangle that the release fills with the tool (the
+    // hero tool paints as without Shift); with Ctrl, a left click flood-fills.
+    void mapPressed(Qt::MouseButtons button, QPointF position,
+                    Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void mapMoved(Qt::MouseButtons buttons, QPointF position);
     void mapReleased(Qt::MouseButtons button);
+    // Esc: a rectangle being dragged is dropped unfilled.
+    void cancelRectangle();
     void minimapPressed(Qt::MouseButtons button, QPointF mapPoint);
     void minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint);
 
@@ -58,14 +63,22 @@ class MapViewport : public QFrame {
   private:
     void moveMap(float left, float top);  // and tells viewMoved
     void moveOutline(float x, float y);
+    bool paintAt(float x, float y);  // false outside the frame's inside
+    void dragRectangleTo(float x, float y);
+    void scrollTowards(float x, float y);
 
     LevelDocument& document;
     Placement place;
     QWidget* client = nullptr;  // the inside of the sunken border, holding the map
     MapSurface* mapSurface;
     OutlineShape* cursorOutline;
+    OutlineShape* rectangleOutline;
     QLabel* loadingLabel;
     int tool = 0;
     QPointF mapGrabPoint;
     std::optional<QPoint> lastPaintedCell;
+    enum class LeftDrag { Stroke, Rectangle, None };
+    LeftDrag leftDrag = LeftDrag::None;
+    QPoint rectangleCorner;  // the press cell of a rectangle
+    QPoint rectangleEnd;     // the cell under the pointer
 };

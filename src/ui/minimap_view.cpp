@@ -9,6 +9,7 @@
 #include <QPainter>
 
 namespace {
+constexpr float ThinnestViewFrame = 5;
 // A full-size minimap coordinate as the map coordinate it stands for.
 float onMap(float minimapCoordinate) {
     return minimapCoordinate / static_cast<float>(MinimapCellSize) * static_cast<float>(TileSize);
@@ -53,9 +54,23 @@ QSizeF MinimapView::shownSize(int columns, int rows) const {
 }
 
 void MinimapView::showViewFrame(const Placement& frame) {
-    if (shown.isFull()) return viewFrame->setPlacement(frame);
-    viewFrame->setPlacement({shown.across.toShown(frame.left), shown.down.toShown(frame.top),
-                             shown.across.toShown(frame.width), shown.down.toShown(frame.height)});
+    if (shown.isFull()) {
+        viewFrame->setInnerColour({});
+        return viewFrame->setPlacement(frame);
+    }
+    // On a shrunk minimap the frame may cover a pixel or two: it is drawn at least
+    // ThinnestViewFrame a side round its centre, red with white inside, seen on every dot.
+    Placement scaled{shown.across.toShown(frame.left), shown.down.toShown(frame.top),
+                     shown.across.toShown(frame.width), shown.down.toShown(frame.height)};
+    const auto widen = [](float& start, float& length) {
+        if (length >= ThinnestViewFrame) return;
+        start -= (ThinnestViewFrame - length) / 2;
+        length = ThinnestViewFrame;
+    };
+    widen(scaled.left, scaled.width);
+    widen(scaled.top, scaled.height);
+    viewFrame->setInnerColour(QColor(255, 255, 255));
+    viewFrame->setPlacement(scaled);
 }
 
 QPointF MinimapView::onMap(QPointF position) const {

@@ -21,7 +21,7 @@ MouseSurface::MouseSurface(QWidget* parent, QColor background, const QString& na
 }
 
 void MouseSurface::mousePressEvent(QMouseEvent* event) {
-    emit pressed(known(event->button()), event->position());
+    emit pressed(known(event->button()), event->position(), event->modifiers());
 }
 
 void MouseSurface::mouseMoveEvent(QMouseEvent* event) {

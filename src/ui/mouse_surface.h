@@ -19,7 +19,7 @@ class MouseSurface : public QWidget {
     bool setPlacement(const Placement& next) { return placeWidget(this, place, next); }
 
   signals:
-    void pressed(Qt::MouseButtons button, QPointF position);
+    void pressed(Qt::MouseButtons button, QPointF position, Qt::KeyboardModifiers modifiers);
     void moved(Qt::MouseButtons buttons, QPointF position);
     void released(Qt::MouseButtons button, QPointF position);
 

@@ -12,8 +12,17 @@ OutlineShape::OutlineShape(QWidget* parent, QColor colour, const QString& name)
 // the widget's edge straddles it, and half of it, or all, falls outside.
 void OutlineShape::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const int w = width(), h = height();
-    for (const QRect& edge :
-         {QRect(0, 0, w, 1), QRect(0, h - 1, w, 1), QRect(0, 0, 1, h), QRect(w - 1, 0, 1, h)})
-        painter.fillRect(edge, colour);
+    const auto ring = [&](QRect r, QColor c) {
+        for (const QRect& edge :
+             {QRect(r.left(), r.top(), r.width(), 1), QRect(r.left(), r.bottom(), r.width(), 1),
+              QRect(r.left(), r.top(), 1, r.height()), QRect(r.right(), r.top(), 1, r.height())})
+            painter.fillRect(edge, c);
+    };
+    if (innerColour.isValid()) ring(rect().adjusted(1, 1, -1, -1), innerColour);
+    ring(rect(), colour);
+}
+
+void OutlineShape::setInnerColour(QColor inner) {
+    innerColour = inner;
+    update();
 }

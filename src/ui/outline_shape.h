@@ -4,7 +4,8 @@
 
 #include <QWidget>
 
-// A 1-pixel rectangle outline over a surface; the mouse goes through it.
+// A 1-pixel rectangle outline over a surface, with a second one of another colour just
+// inside it if asked for; the mouse goes through it.
 class OutlineShape : public QWidget {
     Q_OBJECT
 
@@ -12,11 +13,14 @@ class OutlineShape : public QWidget {
     OutlineShape(QWidget* parent, QColor colour, const QString& name);
     const Placement& placement() const { return place; }
     void setPlacement(const Placement& next) { placeWidget(this, place, next); }
+    // An invalid colour draws no inner outline.
+    void setInnerColour(QColor inner);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
     QColor colour;
+    QColor innerColour;
     Placement place;
 };

@@ -130,7 +130,8 @@ class HistoryTest : public QObject {
         QCOMPARE(log, QStringLiteral("u4 u3 u6 u5 r5 "));
     }
 
-    // Strokes of every tool, undos inside them and Opens; also under a small history limit.
+    // Strokes, rectangle and flood fills of every tool, undos inside strokes and Opens; also
+    // under a small history limit.
     void undoAndRedoGiveBackEachStepExactly() {
         QRandomGenerator random(16);
         const auto inside = [&](int side) { return random.bounded(2, std::max(3, side - 2)); };
@@ -142,8 +143,18 @@ class HistoryTest : public QObject {
             document.setHistoryLimit(limit);
             std::map<int, Shown> afterStep{{0, shown(document)}};
             for (int step = 0; step < 30; ++step) {
-                if (random.bounded(8) == 0) {
+                const int kind = random.bounded(8);
+                const auto tool = [&] { return paletteTools()[random.bounded(26)].code; };
+                const auto cell = [&] {
+                    return QPoint(inside(document.level().width()),
+                                  inside(document.level().height()));
+                };
+                if (kind == 0) {
                     openRandomLevel(document, random, true);
+                } else if (kind == 1) {
+                    document.fillRectangle(cell(), cell(), tool());
+                } else if (kind == 2) {
+                    document.floodFill(cell(), tool());
                 } else {
                     document.beginStroke();
                     for (int event = random.bounded(1, 8); event > 0; --event) {

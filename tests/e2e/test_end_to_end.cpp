@@ -222,6 +222,55 @@ class EndToEndTest : public QObject {
                  levelFile({{{7, 13}, 135}, {{5, 5}, 25}}, true));
     }
 
+    // A wall rectangle, a floor rectangle inside it (a ring is left), a crate flood inside the
+    // ring, a crate flood outside it taken back with one Ctrl+Z, and a rectangle dropped with
+    // Esc; the saved file holds the ring, the crates inside it and the hero.
+    void rectangleAndFloodFillsInTheRealProgram() {
+        prepareFolder(folder->path(), levelFile(heroOnly));
+        QVERIFY(openEditor());  // the wall tool is selected
+        const QPoint client = x->clientOrigin();
+        const auto withKey = [&](const char* key, const std::function<void()>& gesture) {
+            x->xdotool({"keydown", key});
+            gesture();
+            x->xdotool({"keyup", key});
+        };
+        withKey("shift", [&] { x->drag(client + cell(3, 3), client + cell(9, 9)); });
+        clickInWindow({entry(0)});  // Podlaha
+        withKey("shift", [&] { x->drag(client + cell(8, 8), client + cell(4, 4)); });
+        clickInWindow({entry(4)});  // Bedna
+        withKey("ctrl", [&] { x->click(client + cell(6, 6)); });
+        withKey("ctrl", [&] { x->click(client + cell(10, 12)); });
+        x->key("ctrl+z");
+        withKey("shift", [&] {  // dropped: nothing is filled
+            x->xdotool({"mousemove", "--sync", QString::number(client.x() + cell(11, 2).x()),
+                        QString::number(client.y() + cell(11, 2).y()), "mousedown", "1"});
+            x->xdotool({"mousemove", "--sync", QString::number(client.x() + cell(15, 6).x()),
+                        QString::number(client.y() + cell(15, 6).y())});
+            x->key("Escape");
+            x->xdotool({"mouseup", "1"});
+        });
+        QVERIFY(save());
+
+        const QByteArray saved = waitForFile(level(), levelFile(heroOnly));
+        const QList<QByteArray> lines = saved.split('\n');
+        QCOMPARE(lines.size(), 3 + Side + 14 + 1);
+        const Grid frame = predictedFrame(Side, Side);
+        for (int y = 0; y < Side; ++y)
+            for (int x2 = 0; x2 < Side; ++x2) {
+                const int code = quint8(lines[3 + 7 + y].at(7 + x2)) - 48;
+                const bool ring = x2 >= 3 && x2 <= 9 && y >= 3 && y <= 9 &&
+                                  (x2 == 3 || x2 == 9 || y == 3 || y == 9);
+                const bool inside = x2 >= 4 && x2 <= 8 && y >= 4 && y <= 8;
+                const int expected = ring || frame.count({x2, y}) ? -1  // any wall piece
+                                     : inside                     ? 25
+                                     : x2 == 7 && y == 13         ? 135
+                                                                  : 0;
+                const bool wall = code >= 1 && code <= 22;
+                QVERIFY2(expected == -1 ? wall : code == expected,
+                         qPrintable(QStringLiteral("(%1, %2) holds %3").arg(x2).arg(y).arg(code)));
+            }
+    }
+
     void aLargeNewLevelIsEditedAndSavedInTheDesignWindow() {
         prepareFolder(folder->path());
         QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()) && x->closeBox("Nápověda"));

@@ -156,6 +156,15 @@ class PropertyTest : public QObject {
                 }
                 QCOMPARE(region.count(), int(found.size()));
                 for (const auto& [x, y] : found) QVERIFY(region.contains(x, y));
+            } else {  // both corners belong, whichever way the drag went
+                int inside = 0;
+                for (int y = std::min(a.y(), b.y()); y <= std::max(a.y(), b.y()); ++y)
+                    for (int x = std::min(a.x(), b.x()); x <= std::max(a.x(), b.x()); ++x)
+                        if (isInsideFrame(level, x, y)) {
+                            QVERIFY(region.contains(x, y));
+                            ++inside;
+                        }
+                QCOMPARE(region.count(), inside);
             }
             const int tool = fillTools[random.bounded(int(std::size(fillTools)))];
             Level filled = level, oneByOne = level;

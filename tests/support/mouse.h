@@ -18,12 +18,16 @@
 // Sends a real mouse event to a widget: `button` is the one pressed (none for a move),
 // `held` every button held down.
 inline void sendMouse(QWidget* widget, QEvent::Type type, QPointF at, Qt::MouseButton button,
-                      Qt::MouseButtons held) {
-    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
+                      Qt::MouseButtons held, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, keys);
     QApplication::sendEvent(widget, &event);
 }
-inline void press(QWidget* widget, QPointF at, Qt::MouseButton button = Qt::LeftButton) {
-    sendMouse(widget, QEvent::MouseButtonPress, at, button, button);
+inline void press(QWidget* widget, QPointF at, Qt::MouseButton button = Qt::LeftButton,
+                  Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    sendMouse(widget, QEvent::MouseButtonPress, at, button, button, keys);
+}
+inline void release(QWidget* widget, QPointF at, Qt::MouseButton button = Qt::LeftButton) {
+    sendMouse(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton);
 }
 inline void drag(QWidget* widget, QPointF at, Qt::MouseButtons held = Qt::LeftButton) {
     sendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, held);

@@ -70,6 +70,41 @@ class EditingTest : public QObject {
         QVERIFY(editor.level.cell(2, 7) >= 1 && editor.level.cell(2, 7) <= 4);
     }
 
+    // Shift drags a rectangle that the release fills (Esc drops it), Ctrl+click floods: one
+    // undo step each. A wall ring with crates inside is left.
+    void rectangleAndFloodFillsByGesture() {
+        Editor editor(QSize(20, 20));  // the wall tool
+        QVERIFY(QTest::qWaitForWindowActive(&editor.window));
+        const auto rectangle = [&](QPoint from, QPoint to, bool dropped = false) {
+            press(editor.map, cellCentre(from), Qt::LeftButton, Qt::ShiftModifier);
+            drag(editor.map, cellCentre(to));
+            QVERIFY(editor.part("rectangleOutline")->isVisible());
+            if (dropped) QTest::keyClick(editor.map, Qt::Key_Escape, Qt::ShiftModifier);
+            release(editor.map, cellCentre(to));
+            QVERIFY(!editor.part("rectangleOutline")->isVisible());
+        };
+        rectangle({9, 9}, {3, 3});
+        QTest::mouseClick(editor.part("toolButton_0"), Qt::LeftButton);  // floor
+        rectangle({4, 8}, {8, 4});
+        QTest::mouseClick(editor.part("toolButton_25"), Qt::LeftButton);  // a crate
+        press(editor.map, cellCentre({6, 6}), Qt::LeftButton, Qt::ControlModifier);
+        release(editor.map, cellCentre({6, 6}));
+        const QByteArray ring = encodeLevelFile(editor.level);
+        press(editor.map, cellCentre({12, 12}), Qt::LeftButton, Qt::ControlModifier);
+        QCOMPARE(editor.level.cell(15, 2), 25);
+        rectangle({11, 2}, {15, 6}, true);
+        editor.document.undo();
+        QCOMPARE(encodeLevelFile(editor.level), ring);
+        for (int y = 3; y <= 9; ++y)
+            for (int x = 3; x <= 9; ++x) {
+                const bool edge = x == 3 || x == 9 || y == 3 || y == 9;
+                QVERIFY(edge ? isWallPiece(editor.level.cell(x, y))
+                             : editor.level.cell(x, y) == 25);
+            }
+        QCOMPARE(editor.level.cell(3, 3), 21);  // corners joined as one ring
+        QCOMPARE(editor.level.cell(9, 9), 19);
+    }
+
     // Left and right together only move the outline. On the minimap a press paints without
     // moving the view sideways, a left drag moves it and paints, a right drag only moves it.
     void theViewFollowsTheRightButtonAndTheMinimap() {

@@ -1,14 +1,14 @@
-#include "paint_stroke.h"
+#include "cell_edit.h"
 
 #include "level.h"
 #include "level_renderer.h"
 
-PaintStroke::PaintStroke(Level& level, LevelRenderer& renderer, StrokeRecord record)
+CellEdit::CellEdit(Level& level, LevelRenderer& renderer, CellEditRecord record)
     : level(level), renderer(renderer), record(std::move(record)) {
     this->record.writes.shrink_to_fit();
 }
 
-void PaintStroke::undo() {
+void CellEdit::undo() {
     SpritePainter& sprites = renderer.sprites();
     for (auto write = record.writes.rbegin(); write != record.writes.rend(); ++write)
         sprites.restoreCell(write->x, write->y, write->before);
@@ -16,13 +16,13 @@ void PaintStroke::undo() {
     renderer.minimap().setDrawingColour(record.drawingBefore);
 }
 
-void PaintStroke::redo() {
+void CellEdit::redo() {
     SpritePainter& sprites = renderer.sprites();
     for (const CellWrite& write : record.writes) sprites.restoreCell(write.x, write.y, write.after);
     level.setHero(record.heroAfter);
     renderer.minimap().setDrawingColour(record.drawingAfter);
 }
 
-std::size_t PaintStroke::bytes() const {
-    return sizeof(PaintStroke) + sizeof(void*) + record.writes.capacity() * sizeof(CellWrite);
+std::size_t CellEdit::bytes() const {
+    return sizeof(CellEdit) + sizeof(void*) + record.writes.capacity() * sizeof(CellWrite);
 }
