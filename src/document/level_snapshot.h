@@ -13,9 +13,10 @@ class Level;
 class LevelRenderer;
 
 // What the window shows beside the level that New and Open change: the map's place in the
-// view (the size fields show the level's own size).
+// view, in pixels of cells `tileSize` a side (the size fields show the level's own size).
 struct LevelView {
     QPointF mapPosition;
+    int tileSize = 64;
 };
 
 // A whole level as the editor holds it, kept small: the grid compressed, and a canvas only

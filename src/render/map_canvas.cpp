@@ -1,10 +1,12 @@
 #include "map_canvas.h"
 
 #include "sprite_sheet.h"
+#include "tile_codes.h"
 
 #include <QPainter>
 
 #include <algorithm>
+#include <vector>
 
 void MapCanvas::resize(int columns, int rows) {
     if (std::max(columns, 0) == width && std::max(rows, 0) == height && !cells.empty()) return;
@@ -61,4 +63,44 @@ void MapCanvas::paint(QPainter& painter, const QRect& exposed, const SpriteSheet
         }
     }
     painter.restore();
+}
+
+void MapCanvas::paintZoomed(QPainter& painter, const QRect& exposed, const QImage& tiles,
+                            int tileSize) const {
+    const QRect area = exposed.intersected(QRect(0, 0, width * tileSize, height * tileSize));
+    if (area.isEmpty()) return;
+    QImage composed(area.size(), QImage::Format_RGB32);
+    const int firstColumn = area.left() / tileSize;
+    const int lastColumn = area.right() / tileSize;
+    // For each cell of a row, where its tile's pixels start in a tile row; a cleared cell
+    // shows the background, kept as one more tile past the sheet's.
+    std::vector<const QRgb*> tileStart(static_cast<std::size_t>(lastColumn - firstColumn + 1));
+    std::vector<QRgb> background(static_cast<std::size_t>(tileSize), MapBackground);
+    for (int py = area.top(); py <= area.bottom(); ++py) {
+        const int y = py / tileSize;
+        const int inTile = py % tileSize;
+        const qint16* row = cells.data() + static_cast<std::size_t>(y) * width;
+        if (inTile == 0 || py == area.top()) {
+            for (int x = firstColumn; x <= lastColumn; ++x) {
+                const int cell = row[x];
+                tileStart[static_cast<std::size_t>(x - firstColumn)] =
+                    cell == Cleared ? nullptr
+                                    : reinterpret_cast<const QRgb*>(
+                                          tiles.constScanLine(cell / SheetColumns * tileSize)) +
+                                          cell % SheetColumns * tileSize;
+            }
+        }
+        const auto tileLine = static_cast<qsizetype>(tiles.bytesPerLine() / 4) * inTile;
+        auto* out = reinterpret_cast<QRgb*>(composed.scanLine(py - area.top()));
+        // The first and last cells may be cut by the area's edges.
+        const QRgb* const* start = tileStart.data();
+        int from = area.left() % tileSize;
+        for (int px = area.left(), end = area.right() + 1; px < end; ++start, from = 0) {
+            const int count = std::min(tileSize - from, end - px);
+            const QRgb* source = *start ? *start + tileLine + from : background.data();
+            out = std::copy_n(source, count, out);
+            px += count;
+        }
+    }
+    painter.drawImage(area.topLeft(), composed);
 }

@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+class QImage;
 class QPainter;
 class SpriteSheet;
 
@@ -39,10 +40,16 @@ class MapCanvas {
     // proportion to the exposed area, not to the level.
     void paint(QPainter& painter, const QRect& exposed, const SpriteSheet& sheet) const;
 
-    // The surface pixels of a rectangle of map cells.
-    static QRect pixelsOf(const QRect& cells) {
-        return {cells.x() * TileSize, cells.y() * TileSize, cells.width() * TileSize,
-                cells.height() * TileSize};
+    // Zoomed out, cells of `tileSize` pixels: the part `exposed` (pixels of the zoomed
+    // surface) from `tiles`, the sheet's cells at that size (see ZoomedTiles), composed in one
+    // image and drawn at once. Costs in proportion to the exposed area.
+    void paintZoomed(QPainter& painter, const QRect& exposed, const QImage& tiles,
+                     int tileSize) const;
+
+    // The surface pixels of a rectangle of map cells, cells of `tileSize` pixels.
+    static QRect pixelsOf(const QRect& cells, int tileSize = TileSize) {
+        return {cells.x() * tileSize, cells.y() * tileSize, cells.width() * tileSize,
+                cells.height() * tileSize};
     }
 
     // Told the cells of every change.

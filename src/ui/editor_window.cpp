@@ -99,6 +99,17 @@ void EditorWindow::addKeys() {
     addKey({QKeySequence(Qt::CTRL | Qt::Key_O)}, &EditorWindow::openLevel);
     addKey({QKeySequence(Qt::CTRL | Qt::Key_N)}, &EditorWindow::newLevel);
     addKey({QKeySequence(Qt::Key_F1)}, &EditorWindow::showHelp);
+    const auto zoomKeys = [](QKeySequence::StandardKey standard, QKeySequence own) {
+        QList<QKeySequence> keys = QKeySequence::keyBindings(standard);
+        if (!keys.contains(own)) keys << own;
+        return keys;
+    };
+    addKey(zoomKeys(QKeySequence::ZoomOut, QKeySequence(Qt::CTRL | Qt::Key_Minus)),
+           [this] { mapViewport->zoomBy(1); });
+    addKey(zoomKeys(QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)),
+           [this] { mapViewport->zoomBy(-1); });
+    addKey({QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { mapViewport->zoomToFullSize(); });
+    addKey({QKeySequence(Qt::CTRL | Qt::Key_9)}, [this] { mapViewport->zoomToWholeLevel(); });
     // Shift is usually still held while a rectangle is dragged.
     addKey({QKeySequence(Qt::Key_Escape), QKeySequence(Qt::SHIFT | Qt::Key_Escape)},
            [this] { mapViewport->cancelRectangle(); });
@@ -159,7 +170,7 @@ void EditorWindow::showHelp() {
 
 LevelView EditorWindow::shownView() const {
     const Placement map = mapViewport->mapPlacement();
-    return {QPointF(map.left, map.top)};
+    return {QPointF(map.left, map.top), mapViewport->tileSize()};
 }
 
 // New and Open: while the level is redrawn, the map is hidden behind the loading label.
@@ -177,7 +188,11 @@ void EditorWindow::showRedrawStarting() {
 void EditorWindow::showReplacedLevel(const LevelView& view, bool painted, bool framed) {
     levelMenu->showSizes(document.level().width(), document.level().height());
     sizeMapAndMinimap();
-    mapViewport->moveMapTo(view.mapPosition);
+    // A view kept at another zoom step is shown at this one.
+    const QPointF position = view.tileSize == mapViewport->tileSize()
+                                 ? view.mapPosition
+                                 : view.mapPosition * mapViewport->tileSize() / view.tileSize;
+    mapViewport->moveMapTo(position);
     if (framed) toolStrip->pressTool(WallToolCode);
     layOutControls();
     if (painted) return showRedrawnLevel();
@@ -240,7 +255,8 @@ void EditorWindow::layOutControls() {
 void EditorWindow::updateMinimapViewFrame() {
     const Placement map = mapViewport->mapPlacement();
     const Placement view = mapViewport->placement();
-    minimapView->showViewFrame(viewFrameFor(map.left, map.top, view.width, view.height));
+    minimapView->showViewFrame(
+        viewFrameFor(map.left, map.top, view.width, view.height, mapViewport->tileSize()));
 }
 
 void EditorWindow::selectTool(int code) {

@@ -5,8 +5,8 @@
 
 #include <cmath>
 
-int cellUnder(float coordinate) {
-    return static_cast<int>(std::nearbyint(coordinate)) / TileSize;  // rounds half to even
+int cellUnder(float coordinate, int tileSize) {
+    return static_cast<int>(std::nearbyint(coordinate)) / tileSize;  // rounds half to even
 }
 
 Placement scrollAtEdges(Placement map, float x, float y, float viewportWidth,
@@ -23,8 +23,9 @@ Placement scrollAtEdges(Placement map, float x, float y, float viewportWidth,
     return map;
 }
 
-Placement viewFrameFor(float mapLeft, float mapTop, float viewportWidth, float viewportHeight) {
-    constexpr float tile = TileSize;
+Placement viewFrameFor(float mapLeft, float mapTop, float viewportWidth, float viewportHeight,
+                       int tileSize) {
+    const auto tile = static_cast<float>(tileSize);
     constexpr float dot = MinimapCellSize;
     return {(-mapLeft / tile) * dot, (-mapTop / tile) * dot, (viewportWidth / tile) * dot,
             (viewportHeight / tile) * dot};

@@ -13,7 +13,13 @@ MapSurface::MapSurface(QWidget* parent, const MapCanvas& canvas, const SpriteShe
 }
 
 void MapSurface::showChangedCells(const QRect& cells) {
-    if (!deferred) update(MapCanvas::pixelsOf(cells));
+    if (!deferred) update(MapCanvas::pixelsOf(cells, tileSizeAt(zoomStep)));
+}
+
+void MapSurface::setZoomStep(int step) {
+    if (step == zoomStep) return;
+    zoomStep = step;
+    update();
 }
 
 void MapSurface::deferUpdates(bool defer) {
@@ -24,7 +30,11 @@ void MapSurface::deferUpdates(bool defer) {
 void MapSurface::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect exposed = event->rect();
-    if (!QRect(QPoint(0, 0), canvas.pixelSize()).contains(exposed))
+    const int tile = tileSizeAt(zoomStep);
+    if (!MapCanvas::pixelsOf(QRect(0, 0, canvas.columns(), canvas.rows()), tile).contains(exposed))
         painter.fillRect(exposed, QColor(MapBackground));
-    canvas.paint(painter, exposed, sheet);
+    if (zoomStep == 0)
+        canvas.paint(painter, exposed, sheet);
+    else
+        canvas.paintZoomed(painter, exposed, zoomedTiles.at(zoomStep), tile);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mouse_surface.h"
+#include "zoomed_tiles.h"
 
 class MapCanvas;
 class SpriteSheet;
@@ -13,6 +14,8 @@ class MapSurface : public MouseSurface {
     MapSurface(QWidget* parent, const MapCanvas& canvas, const SpriteSheet& sheet);
     // Schedules the repaint of these map cells.
     void showChangedCells(const QRect& cells);
+    // Zoomed out, the canvas is painted with the cells this step's size; 0 is full size.
+    void setZoomStep(int step);
     // While deferred, changes of the canvas schedule nothing; resuming repaints everything.
     void deferUpdates(bool defer);
 
@@ -22,5 +25,7 @@ class MapSurface : public MouseSurface {
   private:
     const MapCanvas& canvas;
     const SpriteSheet& sheet;
+    ZoomedTiles zoomedTiles{sheet};
+    int zoomStep = 0;
     bool deferred = false;
 };

@@ -70,15 +70,75 @@ void MapViewport::setTool(int code) {
     tool = code;
     const QSize cells = toolFootprint(code);
     Placement outline = cursorOutline->placement();
-    outline.width = static_cast<float>(TileSize * cells.width());
-    outline.height = static_cast<float>(TileSize * cells.height());
+    outline.width = static_cast<float>(tileSize() * cells.width());
+    outline.height = static_cast<float>(tileSize() * cells.height());
     cursorOutline->setPlacement(outline);
 }
 
 void MapViewport::fitMapToLevel() {
-    const float tile = TileSize;
+    zoomStep = std::min(zoomStep, widestZoomStep());
+    mapSurface->setZoomStep(zoomStep);
+    setTool(tool);
+    const auto tile = static_cast<float>(tileSize());
     mapSurface->setPlacement({0, 0, tile * static_cast<float>(document.level().width()),
                               tile * static_cast<float>(document.level().height())});
+}
+
+// The first step out at which the whole level fits the viewport's inside, or the last.
+int MapViewport::widestZoomStep() const {
+    const int columns = document.level().width();
+    const int rows = document.level().height();
+    int step = 0;
+    while (step + 1 < ZoomStepCount && (columns * tileSizeAt(step) > client->width() ||
+                                        rows * tileSizeAt(step) > client->height()))
+        ++step;
+    return step;
+}
+
+void MapViewport::zoomTo(int step, QPointF anchor) {
+    step = std::clamp(step, 0, widestZoomStep());
+    if (step == zoomStep) return;
+    const auto before = static_cast<float>(tileSize());
+    zoomStep = step;
+    const auto now = static_cast<float>(tileSize());
+    mapSurface->setZoomStep(step);
+    const Placement map = mapSurface->placement();
+    const auto keep = [&](float start, qreal at) {
+        const auto point = static_cast<float>(at);
+        return point - (point - start) / before * now;
+    };
+    mapSurface->setPlacement({keep(map.left, anchor.x()), keep(map.top, anchor.y()),
+                              now * static_cast<float>(document.level().width()),
+                              now * static_cast<float>(document.level().height())});
+    cancelRectangle();
+    setTool(tool);
+    Placement outline = cursorOutline->placement();
+    outline.left = outline.left / before * now;
+    outline.top = outline.top / before * now;
+    cursorOutline->setPlacement(outline);
+    emit viewMoved();
+}
+
+QPointF MapViewport::clientCentre() const {
+    return {client->width() / 2.0, client->height() / 2.0};
+}
+
+void MapViewport::zoomBy(int steps) {
+    zoomTo(zoomStep + steps, clientCentre());
+}
+
+void MapViewport::zoomToFullSize() {
+    zoomTo(0, clientCentre());
+}
+
+void MapViewport::zoomToWholeLevel() {
+    zoomTo(widestZoomStep(), clientCentre());
+    moveMap(0, 0);
+}
+
+QPointF MapViewport::zoomed(QPointF fullSizePoint) const {
+    if (zoomStep == 0) return fullSizePoint;
+    return fullSizePoint * tileSize() / TileSize;
 }
 
 void MapViewport::showLoading() {
@@ -106,7 +166,7 @@ void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position,
     if (button != Qt::LeftButton) return;
     const auto x = static_cast<float>(position.x());
     const auto y = static_cast<float>(position.y());
-    const QPoint cell(cellUnder(x), cellUnder(y));
+    const QPoint cell(cellUnder(x, tileSize()), cellUnder(y, tileSize()));
     if (modifiers & Qt::ControlModifier) {
         leftDrag = LeftDrag::None;
         document.floodFill(cell, tool);
@@ -157,7 +217,7 @@ void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
 }
 
 bool MapViewport::paintAt(float x, float y) {
-    const QPoint cell(cellUnder(x), cellUnder(y));
+    const QPoint cell(cellUnder(x, tileSize()), cellUnder(y, tileSize()));
     if (!isInsideFrame(document.level(), cell.x(), cell.y())) return false;
     if (lastPaintedCell == cell) return true;
     document.applyTool(cell.x(), cell.y(), tool);
@@ -169,7 +229,7 @@ bool MapViewport::paintAt(float x, float y) {
 // The outline covers the rectangle's cells on the level; a new corner cell scrolls the map
 // at the edges as painting does.
 void MapViewport::dragRectangleTo(float x, float y) {
-    const QPoint cell(cellUnder(x), cellUnder(y));
+    const QPoint cell(cellUnder(x, tileSize()), cellUnder(y, tileSize()));
     const bool moved = cell != rectangleEnd;
     rectangleEnd = cell;
     const QRect level(0, 0, document.level().width(), document.level().height());
@@ -178,7 +238,7 @@ void MapViewport::dragRectangleTo(float x, float y) {
                               QPoint(std::max(rectangleCorner.x(), cell.x()),
                                      std::max(rectangleCorner.y(), cell.y()))) &
                         level;
-    const QRect pixels = MapCanvas::pixelsOf(cells);
+    const QRect pixels = MapCanvas::pixelsOf(cells, tileSize());
     rectangleOutline->setPlacement(
         {float(pixels.x()), float(pixels.y()), float(pixels.width()), float(pixels.height())});
     if (moved) scrollTowards(x, y);
@@ -191,20 +251,26 @@ void MapViewport::scrollTowards(float x, float y) {
 }
 
 void MapViewport::minimapPressed(Qt::MouseButtons button, QPointF mapPoint) {
-    mapPressed(button, mapPoint);
+    mapPressed(button, zoomed(mapPoint));
 }
 
 void MapViewport::minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint) {
-    moveMap(-static_cast<float>(mapPoint.x()) + place.width / 2,
-            -static_cast<float>(mapPoint.y()) + place.height / 2);
-    if (buttons == Qt::LeftButton) mapMoved(buttons, mapPoint);
+    const QPointF point = zoomed(mapPoint);
+    moveMap(-static_cast<float>(point.x()) + place.width / 2,
+            -static_cast<float>(point.y()) + place.height / 2);
+    if (buttons == Qt::LeftButton) mapMoved(buttons, point);
 }
 
 void MapViewport::wheelEvent(QWheelEvent* event) {
     QPoint turned = event->angleDelta();
+    if (event->modifiers() & Qt::ControlModifier) {  // a notch a step, round the pointer
+        if (turned.y() != 0)
+            zoomTo(zoomStep + (turned.y() < 0 ? 1 : -1), client->mapFrom(this, event->position()));
+        return event->accept();
+    }
     if (event->modifiers() & Qt::ShiftModifier) turned = {turned.x() + turned.y(), 0};
     // A notch is 120; the map's far edge may come to the viewport's inner edge, no further.
-    constexpr float PixelsPerEighth = static_cast<float>(TileSize) / 120.0f;
+    const float PixelsPerEighth = static_cast<float>(tileSize()) / 120.0f;
     const Placement map = mapSurface->placement();
     moveMap(scrolledWithin(map.left, PixelsPerEighth * static_cast<float>(turned.x()),
                            static_cast<float>(client->width()) - map.width, 0),
@@ -227,7 +293,7 @@ void MapViewport::moveMap(float left, float top) {
 
 void MapViewport::moveOutline(float x, float y) {
     Placement outline = cursorOutline->placement();
-    outline.left = static_cast<float>(cellUnder(x) * TileSize);
-    outline.top = static_cast<float>(cellUnder(y) * TileSize);
+    outline.left = static_cast<float>(cellUnder(x, tileSize()) * tileSize());
+    outline.top = static_cast<float>(cellUnder(y, tileSize()) * tileSize());
     cursorOutline->setPlacement(outline);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "placement.h"
+#include "zoomed_tiles.h"
 
 #include <QFrame>
 #include <QPoint>
@@ -30,8 +31,18 @@ class MapViewport : public QFrame {
 
     // The tool painted from now on; the outline takes its size.
     void setTool(int code);
-    // Sizes the map for the document's level, at the top-left of the viewport.
+    // Sizes the map for the document's level, at the top-left of the viewport, zoomed out no
+    // further than the level needs.
     void fitMapToLevel();
+
+    // Zoom: a cell 64 pixels a side at step 0, halved at each step out, down to one pixel, and
+    // never further out than the step that shows the whole level. Zooming keeps the level's
+    // point under `anchor` (a point of the viewport's inside) where it is.
+    int tileSize() const { return tileSizeAt(zoomStep); }
+    void zoomTo(int step, QPointF anchor);
+    void zoomBy(int steps);   // round the viewport's centre; + is out
+    void zoomToFullSize();    // round the viewport's centre
+    void zoomToWholeLevel();  // the nearest step that shows the whole level, from its corner
     // While loading, the map is hidden, the loading label shows and canvas changes schedule
     // no repaint; afterwards the map shows again, repainted whole.
     void showLoading();
@@ -39,9 +50,9 @@ class MapViewport : public QFrame {
     void showMap();
 
     // The mouse on the map, in map pixels; the minimap hands on its own presses and drags as
-    // the map points they stand for. A left-button stroke runs from the press to the release.
-    // With Shift, the left button drags a rectangle that the release fills with the tool (the
-    // hero tool paints as without Shift); with Ctrl, a left click flood-fills.
+    // the full-size map points they stand for. A left-button stroke runs from the press to the
+    // release. With Shift, the left button drags a rectangle that the release fills with the tool
+    // (the hero tool paints as without Shift); with Ctrl, a left click flood-fills.
     void mapPressed(Qt::MouseButtons button, QPointF position,
                     Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void mapMoved(Qt::MouseButtons buttons, QPointF position);
@@ -66,6 +77,9 @@ class MapViewport : public QFrame {
     bool paintAt(float x, float y);  // false outside the frame's inside
     void dragRectangleTo(float x, float y);
     void scrollTowards(float x, float y);
+    int widestZoomStep() const;
+    QPointF zoomed(QPointF fullSizePoint) const;
+    QPointF clientCentre() const;
 
     LevelDocument& document;
     Placement place;
@@ -75,6 +89,7 @@ class MapViewport : public QFrame {
     OutlineShape* rectangleOutline;
     QLabel* loadingLabel;
     int tool = 0;
+    int zoomStep = 0;
     QPointF mapGrabPoint;
     std::optional<QPoint> lastPaintedCell;
     enum class LeftDrag { Stroke, Rectangle, None };

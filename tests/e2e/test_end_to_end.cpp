@@ -16,12 +16,13 @@ const Grid heroOnly = {{{7, 13}, 135}};  // a level with its hero, so that Save 
 
 // A level file as the game reads it, written out here without the editor's code; with `framed`,
 // a new level's frame around the cells.
-QByteArray levelFile(Grid cells, bool framed = false) {
-    if (framed) cells.merge(predictedFrame(Side, Side));
-    QByteArray bytes = "1\r\n 34 \r\n 34 \r\n";
-    for (int y = -7; y < Side + 7; ++y) {  // seven lines and columns of border around the level
-        QByteArray row(Side + 14, '0');
-        for (int x = 0; x < Side; ++x)
+QByteArray levelFile(Grid cells, bool framed = false, int side = Side) {
+    if (framed) cells.merge(predictedFrame(side, side));
+    QByteArray bytes = "1\r\n " + QByteArray::number(side + 14) + " \r\n " +
+                       QByteArray::number(side + 14) + " \r\n";
+    for (int y = -7; y < side + 7; ++y) {  // seven lines and columns of border around the level
+        QByteArray row(side + 14, '0');
+        for (int x = 0; x < side; ++x)
             if (cells.count({x, y})) row[7 + x] = char(48 + cells.at({x, y}));
         bytes += row + "\r\n";
     }
@@ -267,6 +268,56 @@ class EndToEndTest : public QObject {
                                                                   : 0;
                 const bool wall = code >= 1 && code <= 22;
                 QVERIFY2(expected == -1 ? wall : code == expected,
+                         qPrintable(QStringLiteral("(%1, %2) holds %3").arg(x2).arg(y).arg(code)));
+            }
+    }
+
+    // A 60 x 60 level zoomed out to 1/4 with Ctrl+wheel round cell (3, 3): a wall stroke, a
+    // right-button drag, a click on the minimap that paints; Ctrl+0 back to full size, saved.
+    void editingZoomedOutInTheRealProgram() {
+        constexpr int side = 60;
+        prepareFolder(folder->path(), levelFile(heroOnly, false, side));
+        QVERIFY(openEditor());
+        // The shrunk minimap's column is 240 wide: the map starts at (262, 19).
+        QPoint at = x->clientOrigin() + QPoint(262 + 64 * 3 + 32, 19 + 64 * 3 + 32);
+        const auto moveTo = [&](QPoint p) {
+            return QStringList{"mousemove", "--sync", QString::number(p.x()),
+                               QString::number(p.y())};
+        };
+        x->xdotool(moveTo(at) << "keydown"
+                              << "ctrl"
+                              << "click"
+                              << "5"
+                              << "click"
+                              << "5"
+                              << "keyup"
+                              << "ctrl");
+        // Cell (3, 3) stays under the pointer; cells are 16 pixels now.
+        const auto zoomedCell = [&](int column, int row) {
+            return at + QPoint(16 * (column - 3), 16 * (row - 3));
+        };
+        x->drag(zoomedCell(4, 4), zoomedCell(8, 4));
+        x->xdotool(moveTo(zoomedCell(12, 12)) << "mousedown"
+                                              << "3");
+        x->xdotool(moveTo(zoomedCell(12, 12) + QPoint(40, 24)) << "mouseup"
+                                                               << "3");
+        at += QPoint(40, 24);
+        // The minimap shows 4 pixels a cell: (10, 10) lies at 40 pixels across and down.
+        clickInWindow({{10 + 4 * 10 + 1, 17 + 4 * 10 + 1}});
+        x->key("ctrl+0");
+        QVERIFY(save());
+
+        const QByteArray saved = waitForFile(level(), levelFile(heroOnly, false, side));
+        const QList<QByteArray> lines = saved.split('\n');
+        QCOMPARE(lines.size(), 3 + side + 14 + 1);
+        const Grid frame = predictedFrame(side, side);
+        for (int y = 0; y < side; ++y)
+            for (int x2 = 0; x2 < side; ++x2) {
+                const int code = quint8(lines[3 + 7 + y].at(7 + x2)) - 48;
+                const bool wall =
+                    frame.count({x2, y}) || (y == 4 && x2 >= 4 && x2 <= 8) || (x2 == 10 && y == 10);
+                const int expected = wall ? -1 : x2 == 7 && y == 13 ? 135 : 0;
+                QVERIFY2(expected == -1 ? code >= 1 && code <= 22 : code == expected,
                          qPrintable(QStringLiteral("(%1, %2) holds %3").arg(x2).arg(y).arg(code)));
             }
     }
