@@ -5,7 +5,9 @@
 
 CellEdit::CellEdit(Level& level, LevelRenderer& renderer, CellEditRecord record)
     : level(level), renderer(renderer), record(std::move(record)) {
-    this->record.writes.shrink_to_fit();
+    // Room the record grew into goes back, unless it is little: moving a million writes costs.
+    std::vector<CellWrite>& writes = this->record.writes;
+    if (writes.capacity() - writes.size() > writes.size() / 8) writes.shrink_to_fit();
 }
 
 void CellEdit::undo() {

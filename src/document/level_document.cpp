@@ -7,9 +7,16 @@
 #include "tile_codes.h"
 #include "tools.h"
 
+#include <algorithm>
+#include <climits>
+
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
     : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
-    // A cell's picture and its dot change together, so the two canvases tell one region.
+    listenToCanvases();
+}
+
+// A cell's picture and its dot change together, so the two canvases tell one region.
+void LevelDocument::listenToCanvases() {
     renderer.map().setChangeListener([this](const QRect& cells) { cellsDrawn(cells); });
     renderer.minimap().setChangeListener([this](const QRect& cells) { cellsDrawn(cells); });
 }
@@ -75,11 +82,10 @@ void LevelDocument::applyTool(int x, int y, int tool) {
         openStroke->heroBefore = currentLevel.hero();
         openStroke->drawingBefore = renderer.minimap().drawingColour();
     }
-    // Only a stroke's writes are told: the painter then skips reading every cell twice.
-    renderer.sprites().setWriteListener(
-        [record = openStroke.get()](const CellWrite& write) { record->writes.push_back(write); });
+    // Only a stroke's writes are kept: the painter then skips reading every cell twice.
+    renderer.sprites().setWriteLog(&openStroke->writes);
     renderer.tools().applyTool(x, y, tool);
-    renderer.sprites().setWriteListener({});
+    renderer.sprites().setWriteLog(nullptr);
     openStroke->heroAfter = currentLevel.hero();
     openStroke->drawingAfter = renderer.minimap().drawingColour();
     tellChangedCells();
@@ -88,32 +94,46 @@ void LevelDocument::applyTool(int x, int y, int tool) {
 void LevelDocument::fillRectangle(QPoint pressCell, QPoint releaseCell, int tool) {
     const CellRegion region = rectangleRegion(currentLevel, pressCell, releaseCell);
     if (region.isEmpty()) return;
-    recordEdit([&] {
-        AreaPainter area(currentLevel, renderer.sprites(), renderer.tools());
-        if (toolKind(tool) == ToolKind::Room)
-            area.layRooms(region, tool, pressCell);
-        else
-            area.fill(region, tool, releaseCell);
-    });
+    AreaPainter area(currentLevel, renderer.sprites(), renderer.tools());
+    if (toolKind(tool) == ToolKind::Room)
+        recordEdit([&] { area.layRooms(region, tool, pressCell); });
+    else
+        fillRegion(region, tool, releaseCell);
 }
 
 void LevelDocument::floodFill(QPoint cell, int tool) {
     if (!isInsideFrame(currentLevel, cell.x(), cell.y())) return;
-    const CellRegion region = floodRegion(currentLevel, cell);
-    recordEdit([&] {
-        AreaPainter(currentLevel, renderer.sprites(), renderer.tools()).fill(region, tool, cell);
-    });
+    fillRegion(floodRegion(currentLevel, cell), tool, cell);
 }
 
-void LevelDocument::recordEdit(const std::function<void()>& write) {
+void LevelDocument::fillRegion(const CellRegion& region, int tool, QPoint cell) {
+    AreaPainter area(currentLevel, renderer.sprites(), renderer.tools());
+    const ToolKind kind = toolKind(tool);
+    if (kind != ToolKind::Wall && kind != ToolKind::SingleCell)
+        return recordEdit([&] { area.fill(region, tool, cell); });
+    // Only the region and the walls next to it change: told as one rectangle, not cell by
+    // cell, and each cell written once (the neighbours re-joined at most once each).
+    const QRect bounds = region.bounds();
+    const QRect touched = bounds.adjusted(-1, -1, 1, 1);
+    const auto edge = static_cast<std::size_t>(2 * (bounds.width() + bounds.height()) + 4);
+    renderer.map().setChangeListener({});
+    renderer.minimap().setChangeListener({});
+    recordEdit([&] { area.fill(region, tool, cell); },
+               static_cast<std::size_t>(region.count()) + edge);
+    listenToCanvases();
+    cellsDrawn(touched);
+    tellChangedCells();
+}
+
+void LevelDocument::recordEdit(const std::function<void()>& write, std::size_t expectedWrites) {
     finishStroke();
     CellEditRecord record;
+    record.writes.reserve(expectedWrites);
     record.heroBefore = currentLevel.hero();
     record.drawingBefore = renderer.minimap().drawingColour();
-    renderer.sprites().setWriteListener(
-        [&record](const CellWrite& written) { record.writes.push_back(written); });
+    renderer.sprites().setWriteLog(&record.writes);
     write();
-    renderer.sprites().setWriteListener({});
+    renderer.sprites().setWriteLog(nullptr);
     record.heroAfter = currentLevel.hero();
     record.drawingAfter = renderer.minimap().drawingColour();
     if (!record.writes.empty())
@@ -159,11 +179,15 @@ void LevelDocument::stepThroughHistory(bool (LevelHistory::*step)()) {
         emit levelReplaced(shown->first, shown->second, false);
 }
 
+// Kept as corners: a QRect union for every cell written costs more than the writing.
 void LevelDocument::cellsDrawn(const QRect& cells) {
-    changedCells |= cells;
+    changedFrom = {std::min(changedFrom.x(), cells.left()), std::min(changedFrom.y(), cells.top())};
+    changedTo = {std::max(changedTo.x(), cells.right()), std::max(changedTo.y(), cells.bottom())};
 }
 
 void LevelDocument::tellChangedCells() {
-    if (const QRect cells = std::exchange(changedCells, QRect()); !cells.isEmpty())
-        emit cellsChanged(cells);
+    const QRect cells(changedFrom, changedTo);
+    changedFrom = {INT_MAX, INT_MAX};
+    changedTo = {INT_MIN, INT_MIN};
+    if (!cells.isEmpty()) emit cellsChanged(cells);
 }

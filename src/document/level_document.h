@@ -12,6 +12,7 @@
 #include <QRect>
 #include <QString>
 
+#include <climits>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -20,6 +21,7 @@
 
 struct ShownLevel;
 struct CellEditRecord;
+class CellRegion;
 
 // The level being edited and everything that belongs to it: the grid, the sprite sheet, the
 // canvases that show them, the files they come from and go to, and the history that takes
@@ -99,9 +101,11 @@ class LevelDocument : public QObject {
     void replaceLevel(Level next, const std::optional<LevelView>& shownBefore);
     void finishStroke();
     // Runs `write`, recording its writes as one step.
-    void recordEdit(const std::function<void()>& write);
+    void recordEdit(const std::function<void()>& write, std::size_t expectedWrites = 0);
+    void fillRegion(const CellRegion& region, int tool, QPoint cell);
     void showKeptLevel(const ShownLevel& shown);
     void stepThroughHistory(bool (LevelHistory::*step)());
+    void listenToCanvases();
     void cellsDrawn(const QRect& cells);
     void tellChangedCells();
 
@@ -115,5 +119,6 @@ class LevelDocument : public QObject {
     std::unique_ptr<CellEditRecord> openStroke;  // the open stroke's writes since its last step
     std::optional<std::pair<LevelView, bool>> shownByStep;  // told once the step is over
     LevelHistory steps;
-    QRect changedCells;  // since the last cellsChanged
+    QPoint changedFrom{INT_MAX, INT_MAX};  // the corners of the cells changed since the last
+    QPoint changedTo{INT_MIN, INT_MIN};    // cellsChanged
 };

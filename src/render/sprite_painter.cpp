@@ -16,7 +16,7 @@ bool SpritePainter::paintSprite(int x, int y, int code) {
     if (!written) return store(x, y, code);
     const CellState before = cellState(x, y);
     const bool drawn = store(x, y, code);
-    written({static_cast<qint16>(x), static_cast<qint16>(y), before, cellState(x, y)});
+    written->push_back({static_cast<qint16>(x), static_cast<qint16>(y), before, cellState(x, y)});
     return drawn;
 }
 

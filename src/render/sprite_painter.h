@@ -3,8 +3,8 @@
 #include <QColor>
 #include <QPoint>
 
-#include <functional>
 #include <optional>
+#include <vector>
 
 class Level;
 class MapCanvas;
@@ -51,11 +51,9 @@ class SpritePainter {
     // The canvases were written past the painter, or the grid replaced: showsGrid() no longer.
     void forgetShownGrid() { gridShown = false; }
 
-    // Told every cell paintSprite writes, as it was and as it became; the whole-grid repaint
-    // and restoreCell tell nothing.
-    void setWriteListener(std::function<void(const CellWrite&)> listener) {
-        written = std::move(listener);
-    }
+    // Every cell paintSprite writes is added to `log` (none: nothing is kept), as it was and
+    // as it became; the whole-grid repaint and restoreCell add nothing.
+    void setWriteLog(std::vector<CellWrite>* log) { written = log; }
     CellState cellState(int x, int y) const;  // (x, y) inside the grid
     // Makes a cell inside the grid show exactly `state` again: code, map cell and dot.
     void restoreCell(int x, int y, const CellState& state);
@@ -67,6 +65,6 @@ class SpritePainter {
     Level& level;
     MapCanvas& map;
     MinimapCanvas& minimap;
-    std::function<void(const CellWrite&)> written;
+    std::vector<CellWrite>* written = nullptr;
     bool gridShown = false;
 };
