@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 void MapCanvas::resize(int columns, int rows) {
@@ -65,42 +66,84 @@ void MapCanvas::paint(QPainter& painter, const QRect& exposed, const SpriteSheet
     painter.restore();
 }
 
+namespace {
+// `count` whole cells of N pixels, from their tiles' pixel row `tileLine` on.
+template <int N>
+void copyWholeCells(QRgb* out, const QRgb* const* start, int count, qsizetype tileLine) {
+    for (int n = 0; n < count; ++n, out += N) {
+        const QRgb* source = start[n];
+        for (int k = 0; k < N; ++k) out[k] = source ? source[tileLine + k] : MapBackground;
+    }
+}
+}  // namespace
+
 void MapCanvas::paintZoomed(QPainter& painter, const QRect& exposed, const QImage& tiles,
-                            int tileSize) const {
+                            int tileSize, QImage& scratch) const {
     const QRect area = exposed.intersected(QRect(0, 0, width * tileSize, height * tileSize));
     if (area.isEmpty()) return;
-    QImage composed(area.size(), QImage::Format_RGB32);
+    // The composed pixels go into a kept image: a fresh one would fault in its memory at
+    // every repaint.
+    if (scratch.width() < area.width() || scratch.height() < area.height())
+        scratch = QImage(area.size().expandedTo(scratch.size()), QImage::Format_RGB32);
     const int firstColumn = area.left() / tileSize;
     const int lastColumn = area.right() / tileSize;
-    // For each cell of a row, where its tile's pixels start in a tile row; a cleared cell
-    // shows the background, kept as one more tile past the sheet's.
+    const auto* tilePixels = reinterpret_cast<const QRgb*>(tiles.constBits());
+    const qsizetype tileStride = tiles.bytesPerLine() / 4;
+    std::array<const QRgb*, SheetCellCount> tileOf{};
+    for (int n = 0; n < SheetCellCount; ++n)
+        tileOf[static_cast<std::size_t>(n)] =
+            tilePixels + n / SheetColumns * tileSize * tileStride + n % SheetColumns * tileSize;
+    // For each cell of a row, where its tile's pixels start; null for a cleared cell, which
+    // shows the background.
     std::vector<const QRgb*> tileStart(static_cast<std::size_t>(lastColumn - firstColumn + 1));
-    std::vector<QRgb> background(static_cast<std::size_t>(tileSize), MapBackground);
+    const std::vector<QRgb> background(static_cast<std::size_t>(tileSize), MapBackground);
     for (int py = area.top(); py <= area.bottom(); ++py) {
-        const int y = py / tileSize;
         const int inTile = py % tileSize;
-        const qint16* row = cells.data() + static_cast<std::size_t>(y) * width;
         if (inTile == 0 || py == area.top()) {
+            const qint16* row = cells.data() + static_cast<std::size_t>(py / tileSize) * width;
             for (int x = firstColumn; x <= lastColumn; ++x) {
                 const int cell = row[x];
                 tileStart[static_cast<std::size_t>(x - firstColumn)] =
-                    cell == Cleared ? nullptr
-                                    : reinterpret_cast<const QRgb*>(
-                                          tiles.constScanLine(cell / SheetColumns * tileSize)) +
-                                          cell % SheetColumns * tileSize;
+                    cell == Cleared ? nullptr : tileOf[static_cast<std::size_t>(cell)];
             }
         }
-        const auto tileLine = static_cast<qsizetype>(tiles.bytesPerLine() / 4) * inTile;
-        auto* out = reinterpret_cast<QRgb*>(composed.scanLine(py - area.top()));
-        // The first and last cells may be cut by the area's edges.
+        auto* out = reinterpret_cast<QRgb*>(scratch.scanLine(py - area.top()));
         const QRgb* const* start = tileStart.data();
-        int from = area.left() % tileSize;
-        for (int px = area.left(), end = area.right() + 1; px < end; ++start, from = 0) {
-            const int count = std::min(tileSize - from, end - px);
+        const qsizetype tileLine = tileStride * inTile;
+        const auto part = [&](int from, int count) {
             const QRgb* source = *start ? *start + tileLine + from : background.data();
             out = std::copy_n(source, count, out);
-            px += count;
+            ++start;
+        };
+        // The first and last cells may be cut by the area's edges; those between are whole.
+        int left = area.width();
+        if (const int from = area.left() % tileSize; from != 0) {
+            const int count = std::min(tileSize - from, left);
+            part(from, count);
+            left -= count;
         }
+        const int whole = left / tileSize;
+        switch (tileSize) {
+            case 1:
+                copyWholeCells<1>(out, start, whole, tileLine);
+                break;
+            case 2:
+                copyWholeCells<2>(out, start, whole, tileLine);
+                break;
+            case 4:
+                copyWholeCells<4>(out, start, whole, tileLine);
+                break;
+            case 8:
+                copyWholeCells<8>(out, start, whole, tileLine);
+                break;
+            default:
+                for (int n = 0; n < whole; ++n) part(0, tileSize);
+                out -= std::ptrdiff_t(whole) * tileSize;
+                start -= whole;
+        }
+        out += std::ptrdiff_t(whole) * tileSize;
+        start += whole;
+        if (const int rest = left - whole * tileSize; rest > 0) part(0, rest);
     }
-    painter.drawImage(area.topLeft(), composed);
+    painter.drawImage(area.topLeft(), scratch, QRect(QPoint(0, 0), area.size()));
 }

@@ -41,10 +41,11 @@ class MapCanvas {
     void paint(QPainter& painter, const QRect& exposed, const SpriteSheet& sheet) const;
 
     // Zoomed out, cells of `tileSize` pixels: the part `exposed` (pixels of the zoomed
-    // surface) from `tiles`, the sheet's cells at that size (see ZoomedTiles), composed in one
-    // image and drawn at once. Costs in proportion to the exposed area.
-    void paintZoomed(QPainter& painter, const QRect& exposed, const QImage& tiles,
-                     int tileSize) const;
+    // surface) from `tiles`, the sheet's cells at that size (see ZoomedTiles), composed in
+    // `scratch` (grown when too small, kept by the caller) and drawn at once. Costs in
+    // proportion to the exposed area.
+    void paintZoomed(QPainter& painter, const QRect& exposed, const QImage& tiles, int tileSize,
+                     QImage& scratch) const;
 
     // The surface pixels of a rectangle of map cells, cells of `tileSize` pixels.
     static QRect pixelsOf(const QRect& cells, int tileSize = TileSize) {

@@ -36,5 +36,5 @@ void MapSurface::paintEvent(QPaintEvent* event) {
     if (zoomStep == 0)
         canvas.paint(painter, exposed, sheet);
     else
-        canvas.paintZoomed(painter, exposed, zoomedTiles.at(zoomStep), tile);
+        canvas.paintZoomed(painter, exposed, zoomedTiles.at(zoomStep), tile, composed);
 }

@@ -26,6 +26,7 @@ class MapSurface : public MouseSurface {
     const MapCanvas& canvas;
     const SpriteSheet& sheet;
     ZoomedTiles zoomedTiles{sheet};
+    QImage composed;  // the zoomed-out map's exposed part, composed before it is drawn
     int zoomStep = 0;
     bool deferred = false;
 };
