@@ -5,6 +5,7 @@
 #include "room_blocks.h"
 #include "sprite_sheet.h"
 #include "tile_codes.h"
+#include "zoomed_tiles.h"
 
 #include <QPainter>
 #include <QTest>
@@ -165,6 +166,45 @@ class RenderTest : public QObject {
             plotMinimapCell(minimap, 2, 2, code);
             plotMinimapCell(minimap, 3, 3, 139);
             QCOMPARE(minimap.dotAt(3, 3), colour);
+        }
+    }
+
+    // Zoomed out, every exposed pixel is its cell's tile pixel, also in cells cut by the
+    // exposed part's edges; a cell's tile is its sheet cell made smaller.
+    void zoomedMapShowsEachCellsTile() {
+        Fixture f(9, 7);
+        f.renderer.sprites().paintSprite(3, 2, 25);
+        f.renderer.sprites().paintSprite(8, 6, 134);
+        const SpriteSheet sheet = numberedSheet(TileSize);
+        ZoomedTiles zoomed(sheet);
+        QImage scratch;
+        for (int step = 1; step < ZoomStepCount; ++step) {
+            const int c = tileSizeAt(step);
+            const QImage& tiles = zoomed.at(step);
+            QCOMPARE(tiles.pixel(5 * c + c / 2, 2 * c + c / 2), cellColour(25));  // cell 25
+            QImage image(9 * c + 5, 7 * c + 5, QImage::Format_RGB32);
+            image.fill(Qt::magenta);
+            QPainter painter(&image);
+            const QRect exposed(c / 2 + 1, c / 2, 9 * c - c / 2, 7 * c - c / 2 - 1);
+            f.renderer.map().paintZoomed(painter, exposed.adjusted(0, 0, 5, 5), tiles, c, scratch);
+            for (int py = 0; py < image.height(); ++py)
+                for (int px = 0; px < image.width(); ++px) {
+                    QRgb expected = QColor(Qt::magenta).rgb();
+                    if (px >= exposed.left() && py >= exposed.top() && px < 9 * c && py < 7 * c) {
+                        const int cell = f.renderer.map().cellAt(px / c, py / c);
+                        expected = cell == MapCanvas::Cleared
+                                       ? MapBackground
+                                       : tiles.pixel(cell % SheetColumns * c + px % c,
+                                                     cell / SheetColumns * c + py % c);
+                    }
+                    if (image.pixel(px, py) != expected)
+                        QFAIL(qPrintable(QStringLiteral("step %1: pixel (%2, %3) %4 not %5")
+                                             .arg(step)
+                                             .arg(px)
+                                             .arg(py)
+                                             .arg(image.pixel(px, py), 0, 16)
+                                             .arg(expected, 0, 16)));
+                }
         }
     }
 };
