@@ -43,6 +43,18 @@ QString helpText(const QList<QCommandLineOption>& options) {
                     .arg(names.join(QStringLiteral(", ")), -20)
                     .arg(description.replace('\n', QStringLiteral("\n%1").arg("", 22)));
     }
+    text += QStringLiteral(
+        "\nMyš a klávesy v okně:\n"
+        "  levé tlačítko       kreslí vybraný předmět, pravé posouvá mapu\n"
+        "  Shift + tah levým   vyplní obdélník od buňky stisku po buňku puštění;\n"
+        "                      Esc jej během tahu zahodí\n"
+        "  Ctrl + klik levým   vyplní souvislou oblast buněk se stejným obsahem\n"
+        "                      (zeď jako jeden celek)\n"
+        "  Ctrl + kolečko      vzdálí nebo přiblíží mapu kolem ukazatele\n"
+        "  Ctrl+-, Ctrl++      vzdálí, přiblíží mapu (také Ctrl+=)\n"
+        "  Ctrl+0, Ctrl+9      plná velikost, celý level v okně\n"
+        "  Ctrl+Z, Ctrl+Y      zpět, znovu (také Ctrl+Shift+Z)\n"
+        "  Ctrl+S, Ctrl+O, Ctrl+N  Uložit, Otevřít, Nový; F1 nápověda\n");
     return text;
 }
 

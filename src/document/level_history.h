@@ -12,9 +12,9 @@ inline constexpr std::size_t HistoryByteLimit = std::size_t(512) << 20;
 
 // The steps that can be undone, oldest first, then those that can be done again. It holds at
 // most its limit of memory: beyond it the steps farthest from the current one go, the oldest
-// done ones first, then the last of those that could be done again, except the one that an undo has
-// just brought back. Steps are kept in a plain list rather than a QUndoStack, which can drop old
-// steps only by a count fixed while it is empty, never by their size.
+// done ones first, then the last of those that could be done again, but never the next one to
+// redo. Steps are kept in a plain list rather than a QUndoStack, which can drop old steps only
+// by a count fixed while it is empty, never by their size.
 class LevelHistory {
   public:
     explicit LevelHistory(std::size_t limit = HistoryByteLimit) : limit(limit) {}

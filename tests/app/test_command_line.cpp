@@ -63,6 +63,7 @@ class CommandLineTest : public QObject {
         row("two paths", {"a", "b"}, Fail, "nejvýš jednu CESTU", 2);
         row("--version", {"--version", "nikde"}, Print, "varnok-editor " VARNOK_VERSION "\n");
         row("-h", {"-h"}, Print, "Použití: varnok-editor [volby] [CESTA]");
+        row("--help", {"--help"}, Print, "Ctrl+0, Ctrl+9      plná velikost, celý level v okně");
     }
     void launches() {
         QFETCH(QStringList, arguments);

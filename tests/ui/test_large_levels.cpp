@@ -117,6 +117,39 @@ class LargeLevelsTest : public QObject {
             QCOMPARE(shown(part).copy(part), image.copy(part));
     }
 
+    // The zoom keys, within the steps a level needs; New keeps the step, clamped; an undone
+    // New shows the map where it was, at the step of now.
+    void zoomKeysStayWithinTheLevelsSteps() {
+        Editor editor;
+        editor.window.resize(896, 641);
+        editor.window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&editor.window));
+        editor.newLevel("300", "300");
+        MapViewport* viewport = editor.viewport;
+        const auto key = [&](int code) {
+            QTest::keyClick(editor.map, Qt::Key(code), Qt::ControlModifier);
+        };
+        key(Qt::Key_9);  // 300 cells fit the 610 pixels high view at 2 pixels a cell, not at 4
+        QCOMPARE(viewport->tileSize(), 2);
+        QCOMPARE(viewport->mapPlacement().width, 300.0f * float(viewport->tileSize()));
+        const int whole = viewport->tileSize();
+        key(Qt::Key_Minus);  // no further out
+        QCOMPARE(viewport->tileSize(), whole);
+        key(Qt::Key_0);
+        QCOMPARE(viewport->tileSize(), 64);
+        key(Qt::Key_Minus);
+        key(Qt::Key_Minus);
+        QCOMPARE(viewport->tileSize(), 16);
+        viewport->moveMapTo({-160, -320});  // cells (10, 20) at the view's corner
+        editor.newLevel("20", "20");        // fits at 32 pixels a cell
+        QCOMPARE(viewport->tileSize(), 16);
+        key(Qt::Key_Plus);
+        QCOMPARE(viewport->tileSize(), 32);
+        editor.document.undo();  // back to 300 x 300, shown at 32 pixels a cell
+        QCOMPARE(viewport->mapPlacement().left, -320.0f);
+        QCOMPARE(viewport->mapPlacement().top, -640.0f);
+    }
+
     void wheelMovesTheMapAndThePaletteWithinTheirEnds() {
         Editor editor;
         editor.window.show();
