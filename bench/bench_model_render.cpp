@@ -114,7 +114,7 @@ void BM_MemsetCells(benchmark::State& state) {
 const std::map<std::string, std::string> ReferenceOf = {
     {"BM_ReadLevelFile", "BM_PlainFileRead"},   {"BM_WriteLevelFile", "BM_PlainFileWrite"},
     {"BM_RedrawLevel", "BM_MemsetCells"},       {"BM_PaintVisibleMap", "BM_DrawScreenImage"},
-    {"BM_PaintMinimap", "BM_DrawMinimapImage"}, {"BM_PaintZoomedMap", "BM_DrawScreenAtStep"},
+    {"BM_PaintMinimap", "BM_DrawMinimapImage"}, {"BM_PaintZoomedMap", "BM_DrawScreenImage"},
 };
 
 #define LEVEL_SIZES Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond)

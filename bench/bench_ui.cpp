@@ -108,6 +108,8 @@ void BM_PaintStrokeScrolling(benchmark::State& state) {
 #define LEVEL_SIZES Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond)
 BENCHMARK(BM_PaintVisibleMap)->LEVEL_SIZES;
 BENCHMARK(BM_DrawScreenImage)->LEVEL_SIZES;
+// The same again beside each zoom step of BM_PaintZoomedMap.
+BENCHMARK(BM_DrawScreenImage)->DenseRange(0, 6)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_PaintMinimap)->LEVEL_SIZES;
 BENCHMARK(BM_DrawMinimapImage)->LEVEL_SIZES;
 BENCHMARK(BM_ApplyToolInWalls)->Unit(benchmark::kMicrosecond);

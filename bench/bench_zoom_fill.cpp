@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QPainter>
 #include <QTemporaryDir>
 #include <QWheelEvent>
 
@@ -18,7 +17,8 @@ namespace {
 constexpr QSize Screen(1920, 1080);
 
 // A full repaint of a 1920 x 1080 view of a 1000 x 1000 level at each zoom step; at 1/64 the
-// whole level is shown. The tiles of the step are made before the timing starts.
+// whole level is shown. The tiles of the step are made before the timing starts. Its
+// reference is BM_DrawScreenImage at the same step: one drawImage of a ready screen image.
 void BM_PaintZoomedMap(benchmark::State& state) {
     const int step = static_cast<int>(state.range(0));
     DrawnLevel drawn(1000);
@@ -29,15 +29,6 @@ void BM_PaintZoomedMap(benchmark::State& state) {
     const QRegion all(QRect(QPoint(0, 0), Screen));
     surface.render(&target, {}, all);
     for (auto _ : state) surface.render(&target, {}, all);
-}
-
-// Its reference: one drawImage of a ready 1920 x 1080 image, the same at every step.
-void BM_DrawScreenAtStep(benchmark::State& state) {
-    QImage ready(Screen, QImage::Format_RGB32);
-    ready.fill(Qt::darkGreen);
-    QImage target(Screen, QImage::Format_RGB32);
-    QPainter painter(&target);
-    for (auto _ : state) painter.drawImage(0, 0, ready);
 }
 
 // Making the tiles of every step out, and the memory they keep.
@@ -119,7 +110,6 @@ void BM_FloodFill(benchmark::State& state) {
 }  // namespace
 
 BENCHMARK(BM_PaintZoomedMap)->DenseRange(0, ZoomStepCount - 1)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_DrawScreenAtStep)->DenseRange(0, ZoomStepCount - 1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ZoomedTilesMade)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ZoomNotch)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RectangleFill)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond);

@@ -168,7 +168,7 @@ void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position,
     const auto y = static_cast<float>(position.y());
     const QPoint cell(cellUnder(x, tileSize()), cellUnder(y, tileSize()));
     if (modifiers & Qt::ControlModifier) {
-        leftDrag = LeftDrag::None;
+        leftDrag = LeftDrag::Ignored;
         document.floodFill(cell, tool);
         lastPaintedCell.reset();  // the fill may have changed it
     } else if ((modifiers & Qt::ShiftModifier) && toolKind(tool) != ToolKind::Hero) {
@@ -197,7 +197,7 @@ void MapViewport::mapReleased(Qt::MouseButtons button) {
 void MapViewport::cancelRectangle() {
     if (leftDrag != LeftDrag::Rectangle) return;
     rectangleOutline->hide();
-    leftDrag = LeftDrag::None;
+    leftDrag = LeftDrag::Ignored;
 }
 
 void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
@@ -209,7 +209,8 @@ void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
                 map.top + y - static_cast<float>(mapGrabPoint.y()));
     } else if (buttons == Qt::LeftButton && leftDrag == LeftDrag::Rectangle) {
         dragRectangleTo(x, y);
-    } else if (buttons == Qt::LeftButton && leftDrag == LeftDrag::Stroke) {
+    } else if (buttons == Qt::LeftButton &&
+               (leftDrag == LeftDrag::Stroke || leftDrag == LeftDrag::None)) {
         // Outside the frame's inside a stroke paints nothing and the outline stays put.
         if (!paintAt(x, y)) return;
     }

@@ -92,7 +92,9 @@ class MapViewport : public QFrame {
     int zoomStep = 0;
     QPointF mapGrabPoint;
     std::optional<QPoint> lastPaintedCell;
-    enum class LeftDrag { Stroke, Rectangle, None };
+    // What moves with the left button held do: paint (also with no press seen, as ever), drag
+    // a rectangle, or nothing until the release (after a flood fill or a dropped rectangle).
+    enum class LeftDrag { None, Stroke, Rectangle, Ignored };
     LeftDrag leftDrag = LeftDrag::None;
     QPoint rectangleCorner;  // the press cell of a rectangle
     QPoint rectangleEnd;     // the cell under the pointer

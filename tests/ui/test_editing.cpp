@@ -88,7 +88,8 @@ class EditingTest : public QObject {
         rectangle({4, 8}, {8, 4});
         QTest::mouseClick(editor.part("toolButton_25"), Qt::LeftButton);  // a crate
         press(editor.map, cellCentre({6, 6}), Qt::LeftButton, Qt::ControlModifier);
-        release(editor.map, cellCentre({6, 6}));
+        drag(editor.map, cellCentre({3, 3}));  // after a fill the drag paints nothing
+        release(editor.map, cellCentre({3, 3}));
         const QByteArray ring = encodeLevelFile(editor.level);
         press(editor.map, cellCentre({12, 12}), Qt::LeftButton, Qt::ControlModifier);
         QCOMPARE(editor.level.cell(15, 2), 25);
