@@ -179,15 +179,28 @@ void LevelDocument::stepThroughHistory(bool (LevelHistory::*step)()) {
         emit levelReplaced(shown->first, shown->second, false);
 }
 
-// Kept as corners: a QRect union for every cell written costs more than the writing.
+// A few cells are told one by one, so that a wall and its neighbours repaint five cells, not
+// the nine round them; past that, the rectangle round them all. Kept as corners: a QRect
+// union for every cell written costs more than the writing.
 void LevelDocument::cellsDrawn(const QRect& cells) {
+    constexpr std::size_t FewCells = 16;
+    // The map and the minimap tell each cell in turn.
+    if (changedRects.size() <= FewCells && (changedRects.empty() || changedRects.back() != cells))
+        changedRects.push_back(cells);
     changedFrom = {std::min(changedFrom.x(), cells.left()), std::min(changedFrom.y(), cells.top())};
     changedTo = {std::max(changedTo.x(), cells.right()), std::max(changedTo.y(), cells.bottom())};
 }
 
 void LevelDocument::tellChangedCells() {
-    const QRect cells(changedFrom, changedTo);
+    constexpr std::size_t FewCells = 16;
+    const QRect all(changedFrom, changedTo);
+    QRegion cells;
+    if (changedRects.size() <= FewCells)
+        for (const QRect& changed : changedRects) cells += changed;
+    else
+        cells = all;
+    changedRects.clear();
     changedFrom = {INT_MAX, INT_MAX};
     changedTo = {INT_MIN, INT_MIN};
-    if (!cells.isEmpty()) emit cellsChanged(cells);
+    if (!all.isEmpty()) emit cellsChanged(cells);
 }

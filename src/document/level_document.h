@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QObject>
 #include <QRect>
+#include <QRegion>
 #include <QString>
 
 #include <climits>
@@ -18,6 +19,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 struct ShownLevel;
 struct CellEditRecord;
@@ -83,8 +85,9 @@ class LevelDocument : public QObject {
 
   signals:
     // Cells whose map pictures or minimap dots changed (the minimap's margin included), told
-    // once for each call that changed them.
-    void cellsChanged(const QRect& cells);
+    // once for each call that changed them: the cells themselves while they are few (a cell
+    // and the walls re-joined round it), else the rectangle round them.
+    void cellsChanged(const QRegion& cells);
     // The level file that Open read gave this warning; the redraw comes next.
     void levelFileWarning(const QString& warning);
     // New or Open has replaced the level, and the long redraw starts.
@@ -119,6 +122,9 @@ class LevelDocument : public QObject {
     std::unique_ptr<CellEditRecord> openStroke;  // the open stroke's writes since its last step
     std::optional<std::pair<LevelView, bool>> shownByStep;  // told once the step is over
     LevelHistory steps;
-    QPoint changedFrom{INT_MAX, INT_MAX};  // the corners of the cells changed since the last
-    QPoint changedTo{INT_MIN, INT_MIN};    // cellsChanged
+    // The cells changed since the last cellsChanged: the first few as they came, and the
+    // corners of the rectangle round all of them.
+    std::vector<QRect> changedRects;
+    QPoint changedFrom{INT_MAX, INT_MAX};
+    QPoint changedTo{INT_MIN, INT_MIN};
 };

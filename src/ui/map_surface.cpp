@@ -12,8 +12,9 @@ MapSurface::MapSurface(QWidget* parent, const MapCanvas& canvas, const SpriteShe
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void MapSurface::showChangedCells(const QRect& cells) {
-    if (!deferred) update(MapCanvas::pixelsOf(cells, tileSizeAt(zoomStep)));
+void MapSurface::showChangedCells(const QRegion& cells) {
+    if (deferred) return;
+    for (const QRect& changed : cells) update(MapCanvas::pixelsOf(changed, tileSizeAt(zoomStep)));
 }
 
 void MapSurface::setZoomStep(int step) {

@@ -13,7 +13,7 @@ class MapSurface : public MouseSurface {
   public:
     MapSurface(QWidget* parent, const MapCanvas& canvas, const SpriteSheet& sheet);
     // Schedules the repaint of these map cells.
-    void showChangedCells(const QRect& cells);
+    void showChangedCells(const QRegion& cells);
     // Zoomed out, the canvas is painted with the cells this step's size; 0 is full size.
     void setZoomStep(int step);
     // While deferred, changes of the canvas schedule nothing; resuming repaints everything.

@@ -26,13 +26,16 @@ MinimapView::MinimapView(QWidget* parent, const MinimapCanvas& canvas)
     connect(this, &MouseSurface::moved, this, &MinimapView::minimapMoved);
 }
 
-void MinimapView::showChangedCells(const QRect& cells) {
+void MinimapView::showChangedCells(const QRegion& cells) {
     if (deferred) return;
-    const QRect pixels = MinimapCanvas::pixelsOf(cells);
-    // A figure's square reaches a pixel beyond its cell.
-    const QRect changed = shown.isFull() ? pixels : shown.shownRect(pixels).adjusted(-1, -1, 1, 1);
-    if (!shown.isFull()) stale += changed;
-    update(changed);
+    for (const QRect& changedCells : cells) {
+        const QRect pixels = MinimapCanvas::pixelsOf(changedCells);
+        // A figure's square reaches a pixel beyond its cell.
+        const QRect changed =
+            shown.isFull() ? pixels : shown.shownRect(pixels).adjusted(-1, -1, 1, 1);
+        if (!shown.isFull()) stale += changed;
+        update(changed);
+    }
 }
 
 void MinimapView::deferUpdates(bool defer) {

@@ -18,7 +18,7 @@ class MinimapView : public MouseSurface {
   public:
     MinimapView(QWidget* parent, const MinimapCanvas& canvas);
     // Schedules the repaint of the dots of these cells.
-    void showChangedCells(const QRect& cells);
+    void showChangedCells(const QRegion& cells);
     // While deferred, changes of the canvas schedule nothing; resuming repaints everything.
     void deferUpdates(bool defer);
     // The scale of the level about to be drawn; the size that goes with it.

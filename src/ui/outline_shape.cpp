@@ -23,6 +23,7 @@ void OutlineShape::paintEvent(QPaintEvent*) {
 }
 
 void OutlineShape::setInnerColour(QColor inner) {
+    if (inner == innerColour) return;
     innerColour = inner;
     update();
 }
