@@ -7,52 +7,43 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-// What an undo must bring back: the saved bytes, the hero, and both canvases.
+// What an undo must bring back: the saved bytes, the hero, the drawing colour, and each
+// cell's map picture and dot, margin included, row by row.
 struct Shown {
     QByteArray file;
     std::optional<QPoint> hero;
     QRgb drawingColour = 0;
     int columns = 0;
-    std::vector<int> cells;  // map cell and dot of each cell, margin included, row by row
-    std::vector<QRgb> dots;
+    std::vector<std::pair<int, QRgb>> cells;
 };
 
 static Shown shown(const LevelDocument& document) {
     const Level& level = document.level();
-    Shown all{encodeLevelFile(level), level.hero(), document.minimap().drawingColour(),
-              level.width() + 1,      {},           {}};
+    Shown all{encodeLevelFile(level),
+              level.hero(),
+              document.minimap().drawingColour(),
+              level.width() + 1,
+              {}};
     for (int y = 0; y <= level.height(); ++y)
-        for (int x = 0; x <= level.width(); ++x) {
-            all.cells.push_back(document.map().cellAt(x, y));
-            all.dots.push_back(document.minimap().dotAt(x, y));
-        }
+        for (int x = 0; x <= level.width(); ++x)
+            all.cells.emplace_back(document.map().cellAt(x, y), document.minimap().dotAt(x, y));
     return all;
 }
 
 // The first thing in which two shown levels differ, or nothing.
 static QString difference(const Shown& a, const Shown& b) {
-    if (a.columns != b.columns || a.cells.size() != b.cells.size())
-        return QStringLiteral("the sizes differ");
-    for (std::size_t i = 0; i < a.cells.size(); ++i) {
-        const auto x = static_cast<int>(i % std::size_t(a.columns));
-        const auto y = static_cast<int>(i / std::size_t(a.columns));
+    if (a.columns != b.columns || a.cells.size() != b.cells.size()) return "the sizes differ";
+    for (std::size_t i = 0; i < a.cells.size(); ++i)
         if (a.cells[i] != b.cells[i])
-            return QStringLiteral("map cell (%1, %2): %3, not %4")
-                .arg(x)
-                .arg(y)
-                .arg(a.cells[i])
-                .arg(b.cells[i]);
-        if (a.dots[i] != b.dots[i])
-            return QStringLiteral("dot (%1, %2): %3, not %4")
-                .arg(x)
-                .arg(y)
-                .arg(a.dots[i], 0, 16)
-                .arg(b.dots[i], 0, 16);
-    }
-    if (a.hero != b.hero) return QStringLiteral("the hero differs");
-    if (a.drawingColour != b.drawingColour) return QStringLiteral("the drawing colour differs");
-    if (a.file != b.file) return QStringLiteral("the saved bytes differ");
-    return {};
+            return QStringLiteral("cell (%1, %2): map %3 and dot %4, not %5 and %6")
+                .arg(i % std::size_t(a.columns))
+                .arg(i / std::size_t(a.columns))
+                .arg(a.cells[i].first)
+                .arg(a.cells[i].second, 0, 16)
+                .arg(b.cells[i].first)
+                .arg(b.cells[i].second, 0, 16);
+    if (a.hero != b.hero || a.drawingColour != b.drawingColour) return "hero or drawing colour";
+    return a.file == b.file ? QString() : QStringLiteral("the saved bytes differ");
 }
 #define COMPARE_SHOWN(actual, expected)                           \
     do {                                                          \
