@@ -59,6 +59,8 @@ class MapCanvas {
     }
 
   private:
+    void paintSmallTiles(const QRect& area, const QRgb* const* tileOf, qsizetype tileStride,
+                         int tileSize, QImage& scratch) const;
     int width = 0;
     int height = 0;
     std::vector<qint16> cells;

@@ -173,8 +173,9 @@ class RenderTest : public QObject {
     // exposed part's edges; a cell's tile is its sheet cell made smaller.
     void zoomedMapShowsEachCellsTile() {
         Fixture f(9, 7);
-        f.renderer.sprites().paintSprite(3, 2, 25);
-        f.renderer.sprites().paintSprite(8, 6, 134);
+        for (int y = 0; y < 7; ++y)  // neighbours differ; (4, 3) stays cleared
+            for (int x = 0; x < 9; ++x)
+                if (x != 4 || y != 3) f.renderer.sprites().paintSprite(x, y, x + 9 * y);
         const SpriteSheet sheet = numberedSheet(TileSize);
         ZoomedTiles zoomed(sheet);
         QImage scratch;
@@ -185,12 +186,13 @@ class RenderTest : public QObject {
             QImage image(9 * c + 5, 7 * c + 5, QImage::Format_RGB32);
             image.fill(Qt::magenta);
             QPainter painter(&image);
-            const QRect exposed(c / 2 + 1, c / 2, 9 * c - c / 2, 7 * c - c / 2 - 1);
-            f.renderer.map().paintZoomed(painter, exposed.adjusted(0, 0, 5, 5), tiles, c, scratch);
+            // Cut cells on the left and the right; below, beyond the surface.
+            const QRect exposed(QPoint(c + 1, c / 2), QPoint(9 * c - 2, 7 * c + 3));
+            f.renderer.map().paintZoomed(painter, exposed, tiles, c, scratch);
             for (int py = 0; py < image.height(); ++py)
                 for (int px = 0; px < image.width(); ++px) {
                     QRgb expected = QColor(Qt::magenta).rgb();
-                    if (px >= exposed.left() && py >= exposed.top() && px < 9 * c && py < 7 * c) {
+                    if (exposed.contains(px, py) && py < 7 * c) {
                         const int cell = f.renderer.map().cellAt(px / c, py / c);
                         expected = cell == MapCanvas::Cleared
                                        ? MapBackground
