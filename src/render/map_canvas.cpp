@@ -76,11 +76,16 @@ void copyWholeCells(QRgb* out, const QRgb* const* start, int count, qsizetype ti
 // Cells of one or two pixels: each cell's pixels in a row looked up as one value of that
 // many pixels. Kept scalar: GCC's vectorised form of the lookup gathers element by element
 // and runs at half the speed.
+#if defined(__GNUC__) && !defined(__clang__)
+#define SCALAR_LOOPS __attribute__((optimize("no-tree-vectorize")))
+#else
+#define SCALAR_LOOPS
+#endif
 template <typename Pixels>
-__attribute__((optimize("no-tree-vectorize"))) void lookUpCells(Pixels* out, const qint16* row,
-                                                                int count, const Pixels* pixelsOf) {
+SCALAR_LOOPS void lookUpCells(Pixels* out, const qint16* row, int count, const Pixels* pixelsOf) {
     for (int x = 0; x < count; ++x) out[x] = pixelsOf[row[x] + 1];
 }
+#undef SCALAR_LOOPS
 }  // namespace
 
 void MapCanvas::paintSmallTiles(const QRect& area, const QRgb* const* tileOf, qsizetype tileStride,
