@@ -85,6 +85,15 @@ template <typename Pixels>
 SCALAR_LOOPS void lookUpCells(Pixels* out, const qint16* row, int count, const Pixels* pixelsOf) {
     for (int x = 0; x < count; ++x) out[x] = pixelsOf[row[x] + 1];
 }
+// Cells of two pixels, both pixel rows of a row of cells at once.
+SCALAR_LOOPS void lookUpCellPairs(QRgb* top, QRgb* bottom, const qint16* row, int count,
+                                  const quint64* topPairs, const quint64* bottomPairs) {
+    for (int x = 0; x < count; ++x) {
+        const int cell = row[x] + 1;
+        std::memcpy(top + 2 * x, topPairs + cell, sizeof(quint64));
+        std::memcpy(bottom + 2 * x, bottomPairs + cell, sizeof(quint64));
+    }
+}
 #undef SCALAR_LOOPS
 }  // namespace
 
@@ -101,34 +110,43 @@ void MapCanvas::paintSmallTiles(const QRect& area, const QRgb* const* tileOf, qs
             std::memcpy(&pairOf[line][std::size_t(n) + 1], tileOf[n] + qsizetype(line) * tileStride,
                         sizeof(quint64));
     }
-    for (int y = 0; y < area.height(); ++y) {
+    for (int y = 0; y < area.height();) {
         const int py = area.top() + y;
         const qint16* row = cells.data() + static_cast<std::size_t>(py / tileSize) * width;
         auto* out = reinterpret_cast<QRgb*>(scratch.scanLine(y));
         if (tileSize == 1) {
             lookUpCells(out, row + area.left(), area.width(), colourOf.data());
+            ++y;
             continue;
         }
-        // Two pixels a cell: a cell cut by the left or right edge gives one of its pixels.
+        // Two pixels a cell: both pixel rows of a cell row at once where both are shown; a
+        // cell cut by the left or right edge gives one of its pixels.
+        const bool both = py % 2 == 0 && y + 1 < area.height();
+        auto* below = both ? reinterpret_cast<QRgb*>(scratch.scanLine(y + 1)) : out;
         const auto& pairs = pairOf[std::size_t(py % 2)];
-        const auto pixelOf = [&](int px) {
-            const quint64 pair = pairs[std::size_t(row[px / 2] + 1)];
+        const auto pixelOf = [&](const std::array<quint64, SheetCellCount + 1>& of, int px) {
+            const quint64 pair = of[std::size_t(row[px / 2] + 1)];
             return QRgb(px % 2 ? pair >> 32 : pair);
         };
         int px = area.left();
         const int end = area.right() + 1;
-        if (px % 2) *out++ = pixelOf(px++);
-        const int whole = (end - px) / 2;
-        quint64 packed[256];
-        for (int done = 0; done < whole;) {  // through an aligned buffer, a stretch at a time
-            const int count = std::min(whole - done, 256);
-            lookUpCells(packed, row + (px / 2), count, pairs.data());
-            std::memcpy(out, packed, std::size_t(count) * sizeof(quint64));
-            out += 2 * count;
-            px += 2 * count;
-            done += count;
+        int at = 0;
+        if (px % 2) {
+            out[0] = pixelOf(pairs, px);
+            below[0] = pixelOf(both ? pairOf[1] : pairs, px);
+            ++px;
+            at = 1;
         }
-        if (px < end) *out = pixelOf(px);
+        const int whole = (end - px) / 2;
+        lookUpCellPairs(out + at, below + at, row + px / 2, whole, pairs.data(),
+                        both ? pairOf[1].data() : pairs.data());
+        px += 2 * whole;
+        at += 2 * whole;
+        if (px < end) {
+            out[at] = pixelOf(pairs, px);
+            below[at] = pixelOf(both ? pairOf[1] : pairs, px);
+        }
+        y += both ? 2 : 1;
     }
 }
 
