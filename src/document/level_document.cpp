@@ -77,28 +77,33 @@ void LevelDocument::applyTool(int x, int y, int tool) {
         renderer.tools().applyTool(x, y, tool);
         return tellChangedCells();
     }
-    if (!openStroke) {
-        openStroke = std::make_unique<CellEditRecord>();
-        openStroke->heroBefore = currentLevel.hero();
-        openStroke->drawingBefore = renderer.minimap().drawingColour();
-    }
     // Only a stroke's writes are kept: the painter then skips reading every cell twice.
-    renderer.sprites().setWriteLog(&openStroke->writes);
-    renderer.tools().applyTool(x, y, tool);
-    renderer.sprites().setWriteLog(nullptr);
-    openStroke->heroAfter = currentLevel.hero();
-    openStroke->drawingAfter = renderer.minimap().drawingColour();
+    if (!openStroke) openStroke = std::make_unique<CellEditRecord>(newRecord());
+    logWrites(*openStroke, [&] { renderer.tools().applyTool(x, y, tool); });
     tellChangedCells();
+}
+
+CellEditRecord LevelDocument::newRecord() const {
+    CellEditRecord record;
+    record.heroBefore = currentLevel.hero();
+    record.drawingBefore = renderer.minimap().drawingColour();
+    return record;
+}
+
+void LevelDocument::logWrites(CellEditRecord& record, const std::function<void()>& write) {
+    renderer.sprites().setWriteLog(&record.writes);
+    write();
+    renderer.sprites().setWriteLog(nullptr);
+    record.heroAfter = currentLevel.hero();
+    record.drawingAfter = renderer.minimap().drawingColour();
 }
 
 void LevelDocument::fillRectangle(QPoint pressCell, QPoint releaseCell, int tool) {
     const CellRegion region = rectangleRegion(currentLevel, pressCell, releaseCell);
     if (region.isEmpty()) return;
+    if (toolKind(tool) != ToolKind::Room) return fillRegion(region, tool, releaseCell);
     AreaPainter area(currentLevel, renderer.sprites(), renderer.tools());
-    if (toolKind(tool) == ToolKind::Room)
-        recordEdit([&] { area.layRooms(region, tool, pressCell); });
-    else
-        fillRegion(region, tool, releaseCell);
+    recordEdit([&] { area.layRooms(region, tool, pressCell); });
 }
 
 void LevelDocument::floodFill(QPoint cell, int tool) {
@@ -127,15 +132,9 @@ void LevelDocument::fillRegion(const CellRegion& region, int tool, QPoint cell) 
 
 void LevelDocument::recordEdit(const std::function<void()>& write, std::size_t expectedWrites) {
     finishStroke();
-    CellEditRecord record;
+    CellEditRecord record = newRecord();
     record.writes.reserve(expectedWrites);
-    record.heroBefore = currentLevel.hero();
-    record.drawingBefore = renderer.minimap().drawingColour();
-    renderer.sprites().setWriteLog(&record.writes);
-    write();
-    renderer.sprites().setWriteLog(nullptr);
-    record.heroAfter = currentLevel.hero();
-    record.drawingAfter = renderer.minimap().drawingColour();
+    logWrites(record, write);
     if (!record.writes.empty())
         steps.push(std::make_unique<CellEdit>(currentLevel, renderer, std::move(record)));
     tellChangedCells();
@@ -183,7 +182,6 @@ void LevelDocument::stepThroughHistory(bool (LevelHistory::*step)()) {
 // the nine round them; past that, the rectangle round them all. Kept as corners: a QRect
 // union for every cell written costs more than the writing.
 void LevelDocument::cellsDrawn(const QRect& cells) {
-    constexpr std::size_t FewCells = 16;
     // The map and the minimap tell each cell in turn.
     if (changedRects.size() <= FewCells && (changedRects.empty() || changedRects.back() != cells))
         changedRects.push_back(cells);
@@ -192,7 +190,6 @@ void LevelDocument::cellsDrawn(const QRect& cells) {
 }
 
 void LevelDocument::tellChangedCells() {
-    constexpr std::size_t FewCells = 16;
     const QRect all(changedFrom, changedTo);
     QRegion cells;
     if (changedRects.size() <= FewCells)

@@ -103,6 +103,9 @@ class LevelDocument : public QObject {
     // The level that New or Open brings, redrawn and recorded.
     void replaceLevel(Level next, const std::optional<LevelView>& shownBefore);
     void finishStroke();
+    // A record of cell writes about to start, and `write` run with its writes logged there.
+    CellEditRecord newRecord() const;
+    void logWrites(CellEditRecord& record, const std::function<void()>& write);
     // Runs `write`, recording its writes as one step.
     void recordEdit(const std::function<void()>& write, std::size_t expectedWrites = 0);
     void fillRegion(const CellRegion& region, int tool, QPoint cell);
@@ -124,6 +127,7 @@ class LevelDocument : public QObject {
     LevelHistory steps;
     // The cells changed since the last cellsChanged: the first few as they came, and the
     // corners of the rectangle round all of them.
+    static constexpr std::size_t FewCells = 16;
     std::vector<QRect> changedRects;
     QPoint changedFrom{INT_MAX, INT_MAX};
     QPoint changedTo{INT_MIN, INT_MIN};

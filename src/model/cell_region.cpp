@@ -27,14 +27,13 @@ QRect insideFrame(const Level& level) {
 }
 }  // namespace
 
+QRect cellsBetween(QPoint corner, QPoint otherCorner) {
+    return {QPoint(std::min(corner.x(), otherCorner.x()), std::min(corner.y(), otherCorner.y())),
+            QPoint(std::max(corner.x(), otherCorner.x()), std::max(corner.y(), otherCorner.y()))};
+}
+
 CellRegion rectangleRegion(const Level& level, QPoint corner, QPoint otherCorner) {
-    // Both corners are cells of the rectangle (QRect::normalized would drop them when the
-    // second lies left of or above the first).
-    const QRect cells =
-        QRect(
-            QPoint(std::min(corner.x(), otherCorner.x()), std::min(corner.y(), otherCorner.y())),
-            QPoint(std::max(corner.x(), otherCorner.x()), std::max(corner.y(), otherCorner.y()))) &
-        insideFrame(level);
+    const QRect cells = cellsBetween(corner, otherCorner) & insideFrame(level);
     CellRegion region(cells);
     for (int y = cells.top(); y <= cells.bottom(); ++y) {
         for (int x = cells.left(); x <= cells.right(); ++x) region.add(x, y);

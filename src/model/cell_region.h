@@ -46,6 +46,10 @@ class CellRegion {
 // Columns 2..W-3 and rows 2..H-3: the inside of the wall frame, where the mouse paints.
 bool isInsideFrame(const Level& level, int x, int y);
 
+// The cells of the rectangle with these two corner cells, whichever way round (QRect::normalized
+// would drop the corners' own rows and columns when the second lies left of or above the first).
+QRect cellsBetween(QPoint corner, QPoint otherCorner);
+
 // The cells of the rectangle with these two corners that lie inside the frame.
 CellRegion rectangleRegion(const Level& level, QPoint corner, QPoint otherCorner);
 

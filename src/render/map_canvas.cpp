@@ -68,10 +68,18 @@ void MapCanvas::paint(QPainter& painter, const QRect& exposed, const SpriteSheet
 }
 
 namespace {
-// `count` whole cells of N pixels, from their tiles' pixel row `tileLine` on.
+// `count` whole cells of N pixels, from their tiles' pixel row `tileLine` on; a size known
+// when compiled makes each copy a single move.
 template <int N>
 void copyWholeCells(QRgb* out, const QRgb* const* start, int count, qsizetype tileLine) {
     for (int n = 0; n < count; ++n, out += N) std::memcpy(out, start[n] + tileLine, N * 4);
+}
+void copyWholeCells(QRgb* out, const QRgb* const* start, int count, qsizetype tileLine,
+                    int tileSize) {
+    if (tileSize == 4) return copyWholeCells<4>(out, start, count, tileLine);
+    if (tileSize == 8) return copyWholeCells<8>(out, start, count, tileLine);
+    for (int n = 0; n < count; ++n, out += tileSize)
+        std::memcpy(out, start[n] + tileLine, std::size_t(tileSize) * 4);
 }
 // Cells of one or two pixels: each cell's pixels in a row looked up as one value of that
 // many pixels. Kept scalar: GCC's vectorised form of the lookup gathers element by element
@@ -166,16 +174,16 @@ void MapCanvas::paintZoomed(QPainter& painter, const QRect& exposed, const QImag
     for (int n = 0; n < SheetCellCount; ++n)
         tileOf[static_cast<std::size_t>(n)] =
             tilePixels + n / SheetColumns * tileSize * tileStride + n % SheetColumns * tileSize;
-    // A cleared cell shows the background: a tile of its own, laid out as the others are.
-    const std::vector<QRgb> background(static_cast<std::size_t>(tileStride * tileSize),
-                                       MapBackground);
-    // For each cell of a row, where its tile's pixels start.
-    std::vector<const QRgb*> tileStart(static_cast<std::size_t>(lastColumn - firstColumn + 1));
     if (tileSize <= 2) {  // the pixels of a cell's tile row looked up as one value
         paintSmallTiles(area, tileOf.data(), tileStride, tileSize, scratch);
         painter.drawImage(area.topLeft(), scratch, QRect(QPoint(0, 0), area.size()));
         return;
     }
+    // A cleared cell shows the background: a tile of its own, laid out as the others are.
+    const std::vector<QRgb> background(static_cast<std::size_t>(tileStride * tileSize),
+                                       MapBackground);
+    // For each cell of a row, where its tile's pixels start.
+    std::vector<const QRgb*> tileStart(static_cast<std::size_t>(lastColumn - firstColumn + 1));
     for (int py = area.top(); py <= area.bottom(); ++py) {
         const int inTile = py % tileSize;
         if (inTile == 0 || py == area.top()) {
@@ -201,24 +209,7 @@ void MapCanvas::paintZoomed(QPainter& painter, const QRect& exposed, const QImag
             left -= count;
         }
         const int whole = left / tileSize;
-        switch (tileSize) {
-            case 1:
-                copyWholeCells<1>(out, start, whole, tileLine);
-                break;
-            case 2:
-                copyWholeCells<2>(out, start, whole, tileLine);
-                break;
-            case 4:
-                copyWholeCells<4>(out, start, whole, tileLine);
-                break;
-            case 8:
-                copyWholeCells<8>(out, start, whole, tileLine);
-                break;
-            default:
-                for (int n = 0; n < whole; ++n) part(0, tileSize);
-                out -= std::ptrdiff_t(whole) * tileSize;
-                start -= whole;
-        }
+        copyWholeCells(out, start, whole, tileLine, tileSize);
         out += std::ptrdiff_t(whole) * tileSize;
         start += whole;
         if (const int rest = left - whole * tileSize; rest > 0) part(0, rest);

@@ -79,9 +79,14 @@ void MapViewport::fitMapToLevel() {
     zoomStep = std::min(zoomStep, widestZoomStep());
     mapSurface->setZoomStep(zoomStep);
     setTool(tool);
+    mapSurface->setPlacement(levelMapAt(0, 0));
+}
+
+// The whole level's map at the current zoom step, its top-left corner at (left, top).
+Placement MapViewport::levelMapAt(float left, float top) const {
     const auto tile = static_cast<float>(tileSize());
-    mapSurface->setPlacement({0, 0, tile * static_cast<float>(document.level().width()),
-                              tile * static_cast<float>(document.level().height())});
+    return {left, top, tile * static_cast<float>(document.level().width()),
+            tile * static_cast<float>(document.level().height())};
 }
 
 // The first step out at which the whole level fits the viewport's inside, or the last.
@@ -107,9 +112,7 @@ void MapViewport::zoomTo(int step, QPointF anchor) {
         const auto point = static_cast<float>(at);
         return point - (point - start) / before * now;
     };
-    mapSurface->setPlacement({keep(map.left, anchor.x()), keep(map.top, anchor.y()),
-                              now * static_cast<float>(document.level().width()),
-                              now * static_cast<float>(document.level().height())});
+    mapSurface->setPlacement(levelMapAt(keep(map.left, anchor.x()), keep(map.top, anchor.y())));
     cancelRectangle();
     setTool(tool);
     Placement outline = cursorOutline->placement();
@@ -234,11 +237,7 @@ void MapViewport::dragRectangleTo(float x, float y) {
     const bool moved = cell != rectangleEnd;
     rectangleEnd = cell;
     const QRect level(0, 0, document.level().width(), document.level().height());
-    const QRect cells = QRect(QPoint(std::min(rectangleCorner.x(), cell.x()),
-                                     std::min(rectangleCorner.y(), cell.y())),
-                              QPoint(std::max(rectangleCorner.x(), cell.x()),
-                                     std::max(rectangleCorner.y(), cell.y()))) &
-                        level;
+    const QRect cells = cellsBetween(rectangleCorner, cell) & level;
     const QRect pixels = MapCanvas::pixelsOf(cells, tileSize());
     rectangleOutline->setPlacement(
         {float(pixels.x()), float(pixels.y()), float(pixels.width()), float(pixels.height())});

@@ -78,6 +78,7 @@ class MapViewport : public QFrame {
     void dragRectangleTo(float x, float y);
     void scrollTowards(float x, float y);
     int widestZoomStep() const;
+    Placement levelMapAt(float left, float top) const;
     QPointF zoomed(QPointF fullSizePoint) const;
     QPointF clientCentre() const;
 
