@@ -90,13 +90,18 @@ QByteArray dotDifference(const Level& level, const MinimapCanvas& minimap) {
     if (minimap.columns() != level.width() || minimap.rows() != level.height()) return {};
     const int columns = level.width() + 1;
     const int rows = level.height() + 1;
+    std::vector<QRgb> dots(static_cast<std::size_t>(columns));
+    const auto dotRow = [&](int y) {
+        minimap.dotColoursOfRow(y, dots.data());
+        return dots.data();
+    };
     int y = 0;
-    while (y < rows && dotRowAgrees(level.row(y), minimap.dotRow(y), columns)) ++y;
+    while (y < rows && dotRowAgrees(level.row(y), dotRow(y), columns)) ++y;
     if (y == rows) return {};
     std::vector<QRgb> difference(std::size_t(columns) * std::size_t(rows));
     for (y = 0; y < rows; ++y) {
         QRgb* out = difference.data() + std::size_t(y) * columns;
-        dotRowDifference(level.row(y), minimap.dotRow(y), columns,
+        dotRowDifference(level.row(y), dotRow(y), columns,
                          [out](int x, QRgb differs) { out[x] = differs; });
     }
     return pack(difference.data(), difference.size());

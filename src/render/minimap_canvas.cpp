@@ -12,31 +12,29 @@ namespace {
 int dotIndex(int p) {
     return (p + MinimapDotReach) / MinimapCellSize;
 }
-// Pixels first..end - 1 of a surface row, from the dot colours of its level row.
-void fillDotRow(QRgb* line, const QRgb* dot, int first, int end) {
+// Pixels first..end - 1 of a surface row, from the dots of its level row.
+void fillDotRow(QRgb* line, const quint8* dot, const QRgb* colours, int first, int end) {
     int x = dotIndex(first);
-    QRgb* out =
-        std::fill_n(line, std::min(end, x * MinimapCellSize + MinimapDotReach) - first, dot[x]);
+    QRgb* out = std::fill_n(line, std::min(end, x * MinimapCellSize + MinimapDotReach) - first,
+                            colours[dot[x]]);
     QRgb* const last = line + (end - first);
-    for (++x; last - out >= MinimapCellSize; ++x) out = std::fill_n(out, MinimapCellSize, dot[x]);
-    if (out < last) std::fill(out, last, dot[x]);
+    for (++x; last - out >= MinimapCellSize; ++x)
+        out = std::fill_n(out, MinimapCellSize, colours[dot[x]]);
+    if (out < last) std::fill(out, last, colours[dot[x]]);
 }
 
-// Whether `Count` dots are all floor, compared four at a time: a whole-level redraw asks it of
-// every block.
+// Whether `Count` dots are all floor (index 0), compared eight at a time: a whole-level
+// redraw asks it of every block.
 template <int Count>
-bool holdsOnlyFloor(const QRgb* dots) {
-    using FourDots = QRgb __attribute__((vector_size(16)));
-    constexpr FourDots floor = {MinimapBackground, MinimapBackground, MinimapBackground,
-                                MinimapBackground};
-    FourDots others{};
-    static_assert(Count % 4 == 0);
-    for (int i = 0; i < Count; i += 4) {
-        FourDots four;
-        std::memcpy(&four, dots + i, sizeof four);
-        others |= four ^ floor;
+bool holdsOnlyFloor(const quint8* dots) {
+    static_assert(Count % 8 == 0);
+    quint64 others = 0;
+    for (int i = 0; i < Count; i += 8) {
+        quint64 eight = 0;
+        std::memcpy(&eight, dots + i, sizeof eight);
+        others |= eight;
     }
-    return (others[0] | others[1] | others[2] | others[3]) == 0;
+    return others == 0;
 }
 }  // namespace
 
@@ -44,8 +42,7 @@ void MinimapCanvas::resize(int columns, int rows) {
     if (std::max(columns, 0) == width && std::max(rows, 0) == height && !dots.empty()) return;
     width = std::max(columns, 0);
     height = std::max(rows, 0);
-    dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
-                MinimapBackground);
+    dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1), 0);
     notAllFloor.assign(static_cast<std::size_t>(blocksPerRow()) * (height + 1), 0);
     if (changed) changed(QRect(0, 0, width + 1, height + 1));
 }
@@ -56,16 +53,26 @@ void MinimapCanvas::drawDot(int x, int y) {
 
 void MinimapCanvas::setDot(int x, int y, QRgb colour) {
     if (x < 0 || x > width || y < 0 || y > height) return;
-    dots[static_cast<std::size_t>(y) * (width + 1) + x] = colour;
-    if (colour != MinimapBackground)
-        notAllFloor[static_cast<std::size_t>(y) * blocksPerRow() + x / BlockDots] = 1;
+    const quint8 index = colourIndex(colour);
+    dots[static_cast<std::size_t>(y) * (width + 1) + x] = index;
+    if (index != 0) notAllFloor[static_cast<std::size_t>(y) * blocksPerRow() + x / BlockDots] = 1;
     if (changed) changed(QRect(x, y, 1, 1));
 }
 
 void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
     if (y < 0 || y > height) return;
     const int drawn = std::clamp(count, 0, width + 1);
-    std::copy_n(colours, drawn, dots.begin() + static_cast<std::ptrdiff_t>(y) * (width + 1));
+    quint8* row = dots.data() + static_cast<std::size_t>(y) * (width + 1);
+    // Rows are mostly runs of one colour: the last one found is tried first.
+    QRgb lastColour = MinimapBackground;
+    quint8 lastIndex = 0;
+    for (int x = 0; x < drawn; ++x) {
+        if (colours[x] != lastColour) {
+            lastColour = colours[x];
+            lastIndex = colourIndex(lastColour);
+        }
+        row[x] = lastIndex;
+    }
     markBlocks(y, drawn);
     if (changed && drawn > 0) changed(QRect(0, y, drawn, 1));
 }
@@ -73,25 +80,41 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
 // Marks the blocks of dots 0..end - 1 of row y by what they hold now; a last block that
 // reaches past them, short of the margin column, keeps its mark if it had one.
 void MinimapCanvas::markBlocks(int y, int end) {
-    const QRgb* row = dotRow(y);
+    const quint8* row = dots.data() + static_cast<std::size_t>(y) * (width + 1);
     quint8* marks = notAllFloor.data() + static_cast<std::size_t>(y) * blocksPerRow();
     int start = 0;
     for (; start + BlockDots <= end; start += BlockDots)
         marks[start / BlockDots] = holdsOnlyFloor<BlockDots>(row + start) ? 0 : 1;
     if (start >= end) return;
-    QRgb other = 0;
-    for (int x = start; x < end; ++x) other |= row[x] ^ MinimapBackground;
+    quint8 other = 0;
+    for (int x = start; x < end; ++x) other |= row[x];
     quint8& mark = marks[start / BlockDots];
     mark = (end <= width && mark) || other != 0 ? 1 : 0;
 }
 
-QRgb MinimapCanvas::dotAt(int x, int y) const {
-    if (x < 0 || x > width || y < 0 || y > height) return MinimapBackground;
-    return dots[static_cast<std::size_t>(y) * (width + 1) + x];
+quint8 MinimapCanvas::colourIndex(QRgb colour) {
+    if (colour == MinimapBackground) return 0;
+    const auto mask = colourSlots.size() - 1;
+    for (std::size_t slot = ((colour * 2654435761u) >> 22) & mask;; slot = (slot + 1) & mask) {
+        if (colourSlots[slot] == 0) {
+            if (colours.size() > 255) qFatal("The minimap holds at most 256 dot colours");
+            colours.push_back(colour);
+            colourSlots[slot] = static_cast<quint16>(colours.size());
+            return static_cast<quint8>(colours.size() - 1);
+        }
+        if (colours[colourSlots[slot] - 1u] == colour)
+            return static_cast<quint8>(colourSlots[slot] - 1u);
+    }
 }
 
-const QRgb* MinimapCanvas::dotRow(int y) const {
-    return dots.data() + static_cast<std::size_t>(y) * (width + 1);
+QRgb MinimapCanvas::dotAt(int x, int y) const {
+    if (x < 0 || x > width || y < 0 || y > height) return MinimapBackground;
+    return colours[dots[static_cast<std::size_t>(y) * (width + 1) + x]];
+}
+
+void MinimapCanvas::dotColoursOfRow(int y, QRgb* out) const {
+    const quint8* row = dots.data() + static_cast<std::size_t>(y) * (width + 1);
+    for (int x = 0; x <= width; ++x) out[x] = colours[row[x]];
 }
 
 void MinimapCanvas::paint(QPainter& painter, const QRect& exposed) const {
@@ -113,8 +136,8 @@ void MinimapCanvas::paint(QPainter& painter, const QRect& exposed) const {
                 std::copy_n(line - stride, area.width(), line);
                 continue;
             }
-            const QRgb* dot = dots.data() + static_cast<std::size_t>(y) * (width + 1);
-            fillDotRow(line, dot, area.left(), area.right() + 1);
+            const quint8* dot = dots.data() + static_cast<std::size_t>(y) * (width + 1);
+            fillDotRow(line, dot, colours.data(), area.left(), area.right() + 1);
         }
         painter.drawImage(QPoint(area.left(), top), band, QRect(0, 0, area.width(), rows));
     }

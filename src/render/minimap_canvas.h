@@ -4,6 +4,7 @@
 #include <QPointF>
 #include <QRect>
 
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -78,8 +79,9 @@ class MinimapCanvas {
     void drawDotRow(int y, const QRgb* colours, int count);
     // One dot in its own colour; the drawing colour stays.
     void setDot(int x, int y, QRgb colour);
-    QRgb dotAt(int x, int y) const;   // background for cells never dotted
-    const QRgb* dotRow(int y) const;  // dots (0, y) .. (columns(), y), for 0 <= y <= rows()
+    QRgb dotAt(int x, int y) const;  // background for cells never dotted
+    // The colours of dots (0, y) .. (columns(), y) into `out`, for 0 <= y <= rows().
+    void dotColoursOfRow(int y, QRgb* out) const;
 
     // Paints the part `exposed` (surface pixels); cost follows the exposed area.
     void paint(QPainter& painter, const QRect& exposed) const;
@@ -116,7 +118,13 @@ class MinimapCanvas {
     void markBlocks(int y, int end);
     void markFigures(QImage& image, const QRect& area, MinimapScale scale) const;
 
-    std::vector<QRgb> dots;           // (width + 1) x (height + 1)
-    std::vector<quint8> notAllFloor;  // blocksPerRow() x (height + 1)
+    // A dot is kept as its colour's place in `colours`, a byte: the dots of a 1000 x 1000
+    // level take 1 MB, not 4. The colours are those of the codes, a few dozen; the
+    // background is always the first.
+    quint8 colourIndex(QRgb colour);
+    std::vector<QRgb> colours{MinimapBackground};
+    std::array<quint16, 1024> colourSlots{};  // open addressing: index + 1, or 0 for none
+    std::vector<quint8> dots;                 // (width + 1) x (height + 1)
+    std::vector<quint8> notAllFloor;          // blocksPerRow() x (height + 1)
     std::function<void(const QRect&)> changed;
 };

@@ -168,7 +168,7 @@ void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, Minimap
         for (const Overlap& down : overlapsOf(area.top() + y, area.top() + y, height, scale.down)) {
             pixelHeight += down.length;
             const auto downLength = static_cast<float>(down.length);
-            const QRgb* line =
+            const quint8* line =
                 dots.data() + static_cast<std::size_t>(down.cell) * (width + 1) + firstColumn;
             const quint8* marks =
                 notAllFloor.data() + static_cast<std::size_t>(down.cell) * blocksPerRow();
@@ -177,14 +177,14 @@ void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, Minimap
                 const int from = std::max(firstColumn, block * BlockDots) - firstColumn;
                 const int to = std::min(endColumn, (block + 1) * BlockDots) - firstColumn;
                 for (int x = from; x < to; ++x) {
-                    const QRgb* dot = line + x;
-                    if (*dot == MinimapBackground) continue;
+                    if (line[x] == 0) continue;  // floor
+                    const QRgb dot = colours[line[x]];
                     const auto column = static_cast<std::size_t>(x);
-                    const std::array<float, 4> values{1, static_cast<float>(qRed(*dot)),
-                                                      static_cast<float>(qGreen(*dot)),
-                                                      static_cast<float>(qBlue(*dot))};
-                    const bool figure = *dot == FigureDotColour;
-                    const bool item = *dot == ItemDotColour;
+                    const std::array<float, 4> values{1, static_cast<float>(qRed(dot)),
+                                                      static_cast<float>(qGreen(dot)),
+                                                      static_cast<float>(qBlue(dot))};
+                    const bool figure = dot == FigureDotColour;
+                    const bool item = dot == ItemDotColour;
                     for (std::size_t a = acrossByCell[column]; a < acrossByCell[column + 1]; ++a) {
                         PixelSum& sum =
                             sums[static_cast<std::size_t>(across[a].pixel - area.left())];
@@ -227,14 +227,14 @@ void MinimapCanvas::markFigures(QImage& image, const QRect& area, MinimapScale s
     const int firstRow = cellAt(area.top() - 2, scale.down, height);
     const int lastRow = std::min(height, cellAt(area.bottom() + 2, scale.down, height) + 1);
     for (int y = firstRow; y <= lastRow; ++y) {
-        const QRgb* line = dots.data() + static_cast<std::size_t>(y) * (width + 1);
+        const quint8* line = dots.data() + static_cast<std::size_t>(y) * (width + 1);
         const quint8* marks = notAllFloor.data() + static_cast<std::size_t>(y) * blocksPerRow();
         for (int x = firstColumn; x <= lastColumn; ++x) {
             if (marks[x / BlockDots] == 0) {
                 x = (x / BlockDots + 1) * BlockDots - 1;
                 continue;
             }
-            if (line[x] != FigureDotColour) continue;
+            if (colours[line[x]] != FigureDotColour) continue;
             const QRect square = QRect(centre(x, scale.across) - 1, centre(y, scale.down) - 1, 3, 3)
                                      .intersected(area)
                                      .translated(-area.topLeft());
