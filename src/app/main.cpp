@@ -4,6 +4,7 @@
 #include "file_names.h"
 #include "level_document.h"
 #include "message_box_dialogs.h"
+#include "start_up_reads.h"
 
 #include <QApplication>
 #include <QDir>
@@ -11,8 +12,10 @@
 
 #include <csignal>
 #include <cstdio>
+#include <memory>
 
 #include <langinfo.h>
+#include <malloc.h>
 #include <unistd.h>
 #include <clocale>
 #include <cstring>
@@ -53,10 +56,18 @@ int main(int argc, char** argv) {
     // Under a file-size limit a save must fail with an error the user is told of; by
     // default the signal would end the editor and lose the level on screen.
     std::signal(SIGXFSZ, SIG_IGN);
+    // The worker threads of the early reads need no arenas of their own: with one, what they
+    // allocate is not kept twice.
+    mallopt(M_ARENA_MAX, 1);
     QApplication app(argc, argv);
+    // The sheet and the level are read while the window is built and shown; the window takes
+    // them when it would have read them. Not before the application exists: the first thread
+    // that uses Qt becomes its main thread.
+    auto reads = std::make_unique<StartUpReads>(launch.levelFile, launch.spriteSheet);
     setUpApplication();
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);
+    document.useStartUpReads(std::move(reads));
     EditorWindow window(document, dialogs);
     dialogs.setParent(&window);
     window.startUp();

@@ -28,7 +28,12 @@ LevelDocument::~LevelDocument() = default;
 
 bool LevelDocument::loadSpriteSheet() {
     SpriteSheet::FileState state{};
-    spriteSheet = SpriteSheet::fromFileOrBuiltIn(sheetPath, state);
+    if (auto read = readAhead ? readAhead->takeSheet() : std::nullopt) {
+        spriteSheet = std::move(read->sheet);
+        state = read->state;
+    } else {
+        spriteSheet = SpriteSheet::fromFileOrBuiltIn(sheetPath, state);
+    }
     return state != SpriteSheet::FileState::Unusable;
 }
 
@@ -40,7 +45,15 @@ void LevelDocument::newLevel(int width, int height, std::optional<LevelView> sho
 
 LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
     Level read;
-    LevelReadResult result = readLevelFile(read, levelPath);
+    LevelReadResult result;
+    std::optional<StartUpReads::LevelRead> early;
+    if (readAhead) early = std::exchange(readAhead, nullptr)->takeLevel();
+    if (early) {
+        read = std::move(early->level);
+        result = std::move(early->result);
+    } else {
+        result = readLevelFile(read, levelPath);
+    }
     if (!result.ok()) return result;
     if (!result.warning.isEmpty()) emit levelFileWarning(result.warning);
     replaceLevel(std::move(read), shownBefore);

@@ -6,6 +6,7 @@
 #include "level_renderer.h"
 #include "level_snapshot.h"
 #include "sprite_sheet.h"
+#include "start_up_reads.h"
 
 #include <QDir>
 #include <QObject>
@@ -46,6 +47,11 @@ class LevelDocument : public QObject {
     const QString& levelFile() const { return levelPath; }
     const RandomGenerator& wallGenerator() const { return renderer.random(); }
     const LevelHistory& history() const { return steps; }
+
+    // Takes the sheet and the level file from reads begun early (at start-up, before the
+    // window exists) instead of reading them itself: the next loadSpriteSheet and the first
+    // open use them.
+    void useStartUpReads(std::unique_ptr<StartUpReads> reads) { readAhead = std::move(reads); }
 
     // Loads the user's sprite sheet, or the built-in one when there is none. False when the
     // user's sheet cannot be used (the built-in one is used then).
@@ -117,6 +123,7 @@ class LevelDocument : public QObject {
 
     QString levelPath;
     QString sheetPath;
+    std::unique_ptr<StartUpReads> readAhead;
     Level currentLevel;
     SpriteSheet spriteSheet;
     LevelRenderer renderer{currentLevel};
