@@ -4,6 +4,7 @@
 #include "file_names.h"
 #include "level_document.h"
 #include "message_box_dialogs.h"
+#include "recent_files.h"
 
 #include <QApplication>
 #include <QDir>
@@ -58,6 +59,8 @@ int main(int argc, char** argv) {
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);
     EditorWindow window(document, dialogs);
+    RecentFiles recentFiles;
+    window.setRecentFiles(&recentFiles);
     dialogs.setParent(&window);
     window.startUp();
     return QApplication::exec();

@@ -1,5 +1,6 @@
 #include "editor_command_line.h"
 #include "file_names.h"
+#include "recent_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -98,6 +99,20 @@ class CommandLineTest : public QObject {
         qputenv("HOME", home);
         QVERIFY2(!found.isEmpty() && found != "/" && QDir(found).exists(), qPrintable(found));
         QCOMPARE(userHomeFolder(), QString::fromLocal8Bit(home));
+    }
+
+    // --recent prints the files remembered under XDG_CONFIG_HOME, most recent first, without
+    // those that are gone.
+    void recentFiles() {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(at("config")));
+        RecentFiles recent;
+        for (const char* file : {"moje levely/hrad.vrk", "work/gone.VRK", "archiv/level99.VRK"})
+            recent.add(at(file));
+        const EditorLaunch launch =
+            parseEditorCommandLine({"varnok-editor", "--recent"}, at("work"), at("home"));
+        QCOMPARE(launch.action, Print);
+        QCOMPARE(launch.text, at("archiv/level99.VRK") + "\n" + at("moje levely/hrad.vrk") + "\n");
+        QVERIFY(QFile::exists(at("config/varnok/varnok-editor.conf")));
     }
 
     void cleanupTestCase() {  // so that the folder can be removed
