@@ -101,18 +101,13 @@ class CommandLineTest : public QObject {
         QCOMPARE(userHomeFolder(), QString::fromLocal8Bit(home));
     }
 
-    // --recent prints the files remembered under XDG_CONFIG_HOME, most recent first, without
-    // those that are gone.
+    // --recent: the files remembered under XDG_CONFIG_HOME, one a line, the latest first.
     void recentFiles() {
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(at("config")));
-        RecentFiles recent;
         for (const char* file : {"moje levely/hrad.vrk", "work/gone.VRK", "archiv/level99.VRK"})
-            recent.add(at(file));
-        const EditorLaunch launch =
-            parseEditorCommandLine({"varnok-editor", "--recent"}, at("work"), at("home"));
-        QCOMPARE(launch.action, Print);
-        QCOMPARE(launch.text, at("archiv/level99.VRK") + "\n" + at("moje levely/hrad.vrk") + "\n");
-        QVERIFY(QFile::exists(at("config/varnok/varnok-editor.conf")));
+            RecentFiles().add(at(file));
+        QCOMPARE(parseEditorCommandLine({"varnok-editor", "--recent"}, at("work"), {}).text,
+                 at("archiv/level99.VRK") + "\n" + at("moje levely/hrad.vrk") + "\n");
     }
 
     void cleanupTestCase() {  // so that the folder can be removed
