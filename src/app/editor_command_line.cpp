@@ -3,6 +3,7 @@
 #include "file_names.h"
 
 #include "level_file.h"
+#include "recent_files.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -54,7 +55,9 @@ QString helpText(const QList<QCommandLineOption>& options) {
         "  Ctrl+-, Ctrl++      vzdálí, přiblíží mapu (také Ctrl+=)\n"
         "  Ctrl+0, Ctrl+9      plná velikost, celý level v okně\n"
         "  Ctrl+Z, Ctrl+Y      zpět, znovu (také Ctrl+Shift+Z)\n"
-        "  Ctrl+S, Ctrl+O, Ctrl+N  Uložit, Otevřít, Nový; F1 nápověda\n");
+        "  Ctrl+S, Ctrl+O, Ctrl+N  Uložit, Otevřít, Nový; F1 nápověda\n"
+        "  Ctrl+Shift+O        otevře jiný soubor levelu (vybraný v dialogu)\n"
+        "  Ctrl+Shift+S        uloží level pod jiným jménem; dál se pracuje s ním\n");
     return text;
 }
 
@@ -90,7 +93,8 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
         {{"v", "version"}, QStringLiteral("vypíše verzi editoru")},
         {"varnok-folder", QStringLiteral("bez CESTY pracuje ve složce ~/%1, chybí-li, vytvoří ji\n"
                                          "(tak editor spouští nabídka plochy)")
-                              .arg(MenuFolderName)}};
+                              .arg(MenuFolderName)},
+        {"recent", QStringLiteral("vypíše naposledy použité soubory levelů, nejnovější první")}};
     QCommandLineParser parser;
     parser.addOptions(options);
     parser.addPositionalArgument(QStringLiteral("CESTA"), {});
@@ -111,6 +115,11 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
         launch.text = parser.isSet(QStringLiteral("help"))
                           ? helpText(options)
                           : QStringLiteral("%1 %2\n").arg(Program, VARNOK_VERSION);
+        return launch;
+    }
+    if (parser.isSet(QStringLiteral("recent"))) {
+        launch.action = EditorLaunch::Action::Print;
+        for (const QString& file : RecentFiles().files()) launch.text += file + '\n';
         return launch;
     }
     const QStringList paths = parser.positionalArguments();

@@ -4,6 +4,7 @@
 #include "file_names.h"
 #include "level_document.h"
 #include "message_box_dialogs.h"
+#include "recent_files.h"
 #include "start_up_reads.h"
 
 #include <QApplication>
@@ -69,6 +70,8 @@ int main(int argc, char** argv) {
     LevelDocument document(launch.levelFile, launch.spriteSheet);
     document.useStartUpReads(std::move(reads));
     EditorWindow window(document, dialogs);
+    RecentFiles recentFiles;
+    window.setRecentFiles(&recentFiles);
     dialogs.setParent(&window);
     window.startUp();
     return QApplication::exec();

@@ -7,8 +7,16 @@
 #include "tile_codes.h"
 #include "tools.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <climits>
+
+namespace {
+QString absolutePath(const QString& path) {
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+}  // namespace
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
     : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
@@ -60,7 +68,45 @@ LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
     return result;
 }
 
-void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& shownBefore) {
+LevelReadResult LevelDocument::openOther(const QString& path, const LevelView& shownBefore,
+                                         bool& sheetUsable) {
+    sheetUsable = true;
+    Level read;
+    const QString level = absolutePath(path);
+    LevelReadResult result = readLevelFile(read, level);
+    if (!result.ok()) return result;
+    if (!result.warning.isEmpty()) emit levelFileWarning(result.warning);
+    WorkingFile before = workingFile();
+    levelPath = level;
+    sheetPath = QFileInfo(level).dir().filePath(SpriteSheetFileName);
+    SpriteSheet::FileState state{};
+    spriteSheet = SpriteSheet::fromFileOrBuiltIn(sheetPath, state);
+    sheetUsable = state != SpriteSheet::FileState::Unusable;
+    replaceLevel(std::move(read), shownBefore, std::move(before));
+    emit levelFileChanged(levelPath);
+    return result;
+}
+
+LevelWriteResult LevelDocument::saveAs(const QString& path) {
+    const QString target = absolutePath(path);
+    LevelWriteResult written = writeLevelFile(currentLevel, target);
+    if (written.ok() && target != levelPath) {
+        levelPath = target;
+        emit levelFileChanged(levelPath);
+    }
+    return written;
+}
+
+void LevelDocument::useWorkingFile(const WorkingFile& file) {
+    const bool changed = file.levelPath != levelPath;
+    levelPath = file.levelPath;
+    sheetPath = file.sheetPath;
+    spriteSheet = file.sheet;
+    if (changed) emit levelFileChanged(levelPath);
+}
+
+void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
+                                 std::optional<WorkingFile> fileBefore) {
     finishStroke();
     std::optional<LevelSnapshot> before;
     if (shownBefore) before.emplace(currentLevel, renderer);
@@ -72,10 +118,16 @@ void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& sho
     // A new or opened level is shown from its top-left corner.
     const LevelView shownNow{};
     if (before) {
-        steps.push(std::make_unique<ReplaceLevel>(
+        std::unique_ptr<HistoryStep> step = std::make_unique<ReplaceLevel>(
             [this](const ShownLevel& shown) { showKeptLevel(shown); },
             [this] { return LevelSnapshot(currentLevel, renderer); },
-            ShownLevel{std::move(*before), *shownBefore}, shownNow));
+            ShownLevel{std::move(*before), *shownBefore}, shownNow);
+        if (fileBefore) {
+            step = std::make_unique<SwitchLevelFile>(
+                std::move(step), [this](const WorkingFile& file) { useWorkingFile(file); },
+                [this] { return workingFile(); }, std::move(*fileBefore));
+        }
+        steps.push(std::move(step));
     }
     tellChangedCells();
     emit levelReplaced(shownNow, painted, painted);

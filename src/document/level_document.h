@@ -7,6 +7,7 @@
 #include "level_snapshot.h"
 #include "sprite_sheet.h"
 #include "start_up_reads.h"
+#include "switch_level_file.h"
 
 #include <QDir>
 #include <QObject>
@@ -66,6 +67,16 @@ class LevelDocument : public QObject {
     [[nodiscard]] LevelReadResult open(std::optional<LevelView> shownBefore = std::nullopt);
     // Writes the level file; a failed write leaves the old file as it was.
     [[nodiscard]] LevelWriteResult save() const;
+    // Opens another level file, read as open() reads it; once read, it is the level file of
+    // every later Open and Save, and the sprite sheet beside it is used (the built-in one when
+    // there is none; `sheetUsable` false when the one there cannot be used). A refused file
+    // changes nothing. One step of the history: undone, the earlier file comes back with its
+    // level.
+    [[nodiscard]] LevelReadResult openOther(const QString& path, const LevelView& shownBefore,
+                                            bool& sheetUsable);
+    // Writes the level to `path`, which becomes the level file once written; a failed write
+    // changes neither file.
+    [[nodiscard]] LevelWriteResult saveAs(const QString& path);
 
     // Applies a palette tool to a cell and re-joins the walls around it; inside a stroke, the
     // cells written become part of its step.
@@ -104,10 +115,17 @@ class LevelDocument : public QObject {
     void levelReplaced(const LevelView& view, bool painted, bool framed);
     // After every undo and redo.
     void steppedThroughHistory();
+    // The level file is another one now (an absolute path): opened, saved under a new name, or
+    // brought back by undo or redo.
+    void levelFileChanged(const QString& absolutePath);
 
   private:
-    // The level that New or Open brings, redrawn and recorded.
-    void replaceLevel(Level next, const std::optional<LevelView>& shownBefore);
+    // The level that New or Open brings, redrawn and recorded; with `fileBefore`, the step
+    // also takes the level file back to it.
+    void replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
+                      std::optional<WorkingFile> fileBefore = std::nullopt);
+    WorkingFile workingFile() const { return {levelPath, sheetPath, spriteSheet}; }
+    void useWorkingFile(const WorkingFile& file);
     void finishStroke();
     // A record of cell writes about to start, and `write` run with its writes logged there.
     CellEditRecord newRecord() const;

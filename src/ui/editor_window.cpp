@@ -3,6 +3,7 @@
 #include "dialogs.h"
 #include "editor_look.h"
 #include "editor_texts.h"
+#include "file_names.h"
 #include "level_document.h"
 #include "level_menu.h"
 #include "map_canvas.h"
@@ -10,19 +11,24 @@
 #include "map_viewport.h"
 #include "minimap_canvas.h"
 #include "minimap_view.h"
+#include "recent_files.h"
 #include "tile_codes.h"
 #include "tool_strip.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
+
+#include <sys/stat.h>
 
 #include <algorithm>
 
 namespace {
 constexpr float ShrunkenMinimapColumnWidth = 20 * MinimapCellSize;
+const QString Title = QStringLiteral("VARNOK LEVEL EDITOR");
 
 // A side New can make: a whole number from 3 (room for the frame) to the largest side.
 std::optional<int> sideFromField(const QString& text) {
@@ -38,7 +44,9 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     // MS Sans Serif's widths are Liberation Sans's.
     QFont::insertSubstitution(QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"));
     setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
-    setWindowTitle(QStringLiteral("VARNOK LEVEL EDITOR"));
+    defaultLevelFile =
+        QDir::cleanPath(QFileInfo(document.levelFile()).absoluteDir().filePath(LevelFileName));
+    showLevelFile();
     QIcon icon;
     icon.addFile(QStringLiteral(":/icon/icon32.png"));
     icon.addFile(QStringLiteral(":/icon/icon16.png"));
@@ -75,6 +83,7 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
             [this](const QString& warning) { this->dialogs.error(warning); });
     connect(&document, &LevelDocument::redrawStarting, this, &EditorWindow::showRedrawStarting);
     connect(&document, &LevelDocument::levelReplaced, this, &EditorWindow::showReplacedLevel);
+    connect(&document, &LevelDocument::levelFileChanged, this, &EditorWindow::showLevelFile);
     addKeys();
 }
 
@@ -99,6 +108,8 @@ void EditorWindow::addKeys() {
     addKey({QKeySequence(Qt::CTRL | Qt::Key_O)}, &EditorWindow::openLevel);
     addKey({QKeySequence(Qt::CTRL | Qt::Key_N)}, &EditorWindow::newLevel);
     addKey({QKeySequence(Qt::Key_F1)}, &EditorWindow::showHelp);
+    addKey({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)}, &EditorWindow::openOtherLevel);
+    addKey({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)}, &EditorWindow::saveLevelAs);
     const auto zoomKeys = [](QKeySequence::StandardKey standard, QKeySequence own) {
         QList<QKeySequence> keys = QKeySequence::keyBindings(standard);
         if (!keys.contains(own)) keys << own;
@@ -125,6 +136,7 @@ void EditorWindow::startUp() {
         dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
     show();
     loadLevel(std::nullopt);
+    showLevelFile();
     showHelp();
 }
 
@@ -162,6 +174,51 @@ void EditorWindow::saveLevel() {
 void EditorWindow::openLevel() {
     if (!dialogs.question(EditorTexts::OpenQuestion, EditorTexts::OpenTitle)) return;
     loadLevel(shownView());
+}
+
+// Another level file: no question first, since the dialog can be cancelled and the open
+// undone. A refused file changes nothing.
+void EditorWindow::openOtherLevel() {
+    const QString chosen = dialogs.levelFileToOpen(levelFolder(), recentLevelFiles());
+    if (chosen.isEmpty()) return;
+    bool sheetUsable = true;
+    const LevelReadResult read = document.openOther(chosen, shownView(), sheetUsable);
+    if (!read.ok()) return dialogs.error(read.refusal);
+    if (!sheetUsable) dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
+}
+
+// Save under another name: the question only when that file exists, then the hero, as Save.
+void EditorWindow::saveLevelAs() {
+    QString chosen = dialogs.levelFileToSave(levelFolder(), recentLevelFiles());
+    if (chosen.isEmpty()) return;
+    if (QFileInfo(chosen).suffix().isEmpty()) chosen += QStringLiteral(".VRK");
+    struct stat info {};
+    if (statusOf(chosen, info) &&
+        !dialogs.question(EditorTexts::SaveQuestion, EditorTexts::SaveTitle))
+        return;
+    if (!containsHero(document.level())) {
+        dialogs.warning(EditorTexts::NoHero, EditorTexts::NoHeroTitle);
+        return;
+    }
+    if (const LevelWriteResult written = document.saveAs(chosen); !written.ok())
+        dialogs.error(written.failure);
+}
+
+QString EditorWindow::levelFolder() const {
+    return QFileInfo(document.levelFile()).absolutePath();
+}
+
+QStringList EditorWindow::recentLevelFiles() const {
+    return recentFiles ? recentFiles->files() : QStringList();
+}
+
+// The title and the files remembered follow the level file.
+void EditorWindow::showLevelFile() {
+    const QString file = QDir::cleanPath(QFileInfo(document.levelFile()).absoluteFilePath());
+    setWindowTitle(file == defaultLevelFile
+                       ? Title
+                       : Title + QStringLiteral(" — ") + shownFileName(QFileInfo(file).fileName()));
+    if (recentFiles) recentFiles->add(file);
 }
 
 void EditorWindow::showHelp() {

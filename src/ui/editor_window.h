@@ -13,11 +13,14 @@ class MapViewport;
 class MinimapView;
 class QLabel;
 class QPushButton;
+class RecentFiles;
 class ToolStrip;
 
 // The editor's one window: the help button and the mouse hint along the top, the minimap,
 // the palette and the level menu in the left column, the map viewport beside them. Its keys:
-// undo and redo, Ctrl+S, Ctrl+O and Ctrl+N for the three menu buttons, F1 for the help.
+// undo and redo, Ctrl+S, Ctrl+O and Ctrl+N for the three menu buttons, F1 for the help,
+// Ctrl+Shift+O and Ctrl+Shift+S to open another level file and to save under another name.
+// The title names the level file unless it is level99.VRK in the folder of the first one.
 class EditorWindow : public QWidget {
     Q_OBJECT
 
@@ -31,7 +34,11 @@ class EditorWindow : public QWidget {
     void saveLevel();
     void openLevel();
     void showHelp();
+    void openOtherLevel();
+    void saveLevelAs();
     int selectedTool() const { return tool; }
+    // Where the level files worked on are remembered and offered; none by default.
+    void setRecentFiles(RecentFiles* files) { recentFiles = files; }
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -50,6 +57,9 @@ class EditorWindow : public QWidget {
     void updateMinimapViewFrame();
     void selectTool(int code);
     void showBusy(bool busy);
+    void showLevelFile();
+    QString levelFolder() const;
+    QStringList recentLevelFiles() const;
 
     LevelDocument& document;
     Dialogs& dialogs;
@@ -61,4 +71,6 @@ class EditorWindow : public QWidget {
     QLabel* mouseHintLabel;
     int tool = 0;
     bool busy = false;
+    QString defaultLevelFile;
+    RecentFiles* recentFiles = nullptr;
 };

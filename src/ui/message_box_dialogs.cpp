@@ -1,5 +1,7 @@
 #include "message_box_dialogs.h"
 
+#include "level_file_dialog.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QMessageBox>
@@ -58,4 +60,12 @@ void MessageBoxDialogs::information(const QString& prompt, const QString& title)
 void MessageBoxDialogs::error(const QString& prompt) {
     // No title of its own: the application's name.
     showOk(parent, QMessageBox::Critical, prompt, QCoreApplication::applicationName());
+}
+
+QString MessageBoxDialogs::levelFileToOpen(const QString& folder, const QStringList& recent) {
+    return chooseLevelFile(parent, false, folder, recent);
+}
+
+QString MessageBoxDialogs::levelFileToSave(const QString& folder, const QStringList& recent) {
+    return chooseLevelFile(parent, true, folder, recent);
 }

@@ -1,5 +1,6 @@
 #include "editor_command_line.h"
 #include "file_names.h"
+#include "recent_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -98,6 +99,15 @@ class CommandLineTest : public QObject {
         qputenv("HOME", home);
         QVERIFY2(!found.isEmpty() && found != "/" && QDir(found).exists(), qPrintable(found));
         QCOMPARE(userHomeFolder(), QString::fromLocal8Bit(home));
+    }
+
+    // --recent: the files remembered under XDG_CONFIG_HOME, one a line, the latest first.
+    void recentFiles() {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(at("config")));
+        for (const char* file : {"moje levely/hrad.vrk", "work/gone.VRK", "archiv/level99.VRK"})
+            RecentFiles().add(at(file));
+        QCOMPARE(parseEditorCommandLine({"varnok-editor", "--recent"}, at("work"), {}).text,
+                 at("archiv/level99.VRK") + "\n" + at("moje levely/hrad.vrk") + "\n");
     }
 
     void cleanupTestCase() {  // so that the folder can be removed

@@ -133,6 +133,56 @@ class EndToEndTest : public QObject {
         QVERIFY(!levels.exists("level99.VRK"));
     }
 
+    // Ctrl+Shift+O and Ctrl+Shift+S with the real file dialog, a path typed into it: the opened
+    // file is what Ctrl+S writes and the title names; undoing the open brings back the earlier
+    // level with its file.
+    void openAndSaveOtherFilesInTheFileDialog() {
+        prepareFolder(folder->path(), levelFile(heroOnly));
+        QTemporaryDir others(QDir::tempPath() + "/varnok-levels-XXXXXX");
+        const Grid castle = {{{7, 13}, 135}, {{12, 12}, 26}};
+        prepareFolder(others.path(), levelFile(castle), "castle.vrk");
+        QVERIFY(openEditor());
+        QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR"), "VARNOK LEVEL EDITOR");
+        // Without a window manager a window takes the keys once it is clicked: the mouse hint,
+        // never twice at one place (a move that does not move would wait).
+        int clicks = 0;
+        const auto keyInWindow = [&](const char* keys) {
+            clickInWindow({{150 + 10 * (++clicks % 2), 8}});
+            x->key(keys);
+        };
+
+        keyInWindow("ctrl+shift+o");
+        QVERIFY(x->answerFileDialog("Otevřít level", others.filePath("castle.vrk")));
+        QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR — castle.vrk"),
+                 "VARNOK LEVEL EDITOR — castle.vrk");
+        clickInWindow({entry(4), cell(5, 5)});  // Bedna
+        keyInWindow("ctrl+s");
+        QVERIFY(x->closeBox("Uložit přes starý"));
+        // The frame's pieces follow the wall generator, which went on from the first level's.
+        const QByteArray saved = waitForFile(others.filePath("castle.vrk"), levelFile(castle));
+        const QString wrong = firstWrongCell(saved, Side, [](int x, int y) {
+            return x == 5 && y == 5 ? 25 : x == 12 && y == 12 ? 26 : 0;
+        });
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+        QCOMPARE(waitForFile(level()), levelFile(heroOnly));
+
+        keyInWindow("ctrl+shift+s");
+        QVERIFY(x->answerFileDialog("Uložit level jako", others.filePath("cellar")));
+        QCOMPARE(waitForFile(others.filePath("cellar.VRK")), saved);
+        QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR — cellar.VRK"),
+                 "VARNOK LEVEL EDITOR — cellar.VRK");
+
+        // The crate, then the open: level99.VRK's level and file are back, and Ctrl+S writes it.
+        keyInWindow("ctrl+z");
+        x->key("ctrl+z");
+        QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR"), "VARNOK LEVEL EDITOR");
+        keyInWindow("ctrl+s");
+        QVERIFY(x->closeBox("Uložit přes starý"));
+        QCOMPARE(waitForFile(level(), levelFile(heroOnly)), levelFile(heroOnly, true));
+        QCOMPARE(waitForFile(others.filePath("cellar.VRK")), saved);
+        QVERIFY(x->editorRunning());
+    }
+
     void windowShowsItsColoursAndEveryPaletteEntry() {
         prepareFolder(folder->path());
         QVERIFY(openEditor());  // no level file: a new 20 x 20 level

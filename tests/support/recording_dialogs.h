@@ -6,12 +6,14 @@
 
 #include <deque>
 
-// Records every message box as "style|title|prompt" and answers questions from a script
-// (Yes when the script has run out).
+// Records every message box as "style|title|prompt" and every file dialog as
+// "open|folder|recent files" or "save|...", answers questions from a script (Yes when the
+// script has run out) and file dialogs from another (cancelled when it has run out).
 class RecordingDialogs : public Dialogs {
   public:
     QStringList shown;
     std::deque<bool> answers;
+    std::deque<QString> fileNames;
 
     bool question(const QString& prompt, const QString& title) override {
         shown << "question|" + title + "|" + prompt;
@@ -27,4 +29,19 @@ class RecordingDialogs : public Dialogs {
         shown << "information|" + title + "|" + prompt;
     }
     void error(const QString& prompt) override { shown << "error||" + prompt; }
+    QString levelFileToOpen(const QString& folder, const QStringList& recent) override {
+        return chooseFile("open", folder, recent);
+    }
+    QString levelFileToSave(const QString& folder, const QStringList& recent) override {
+        return chooseFile("save", folder, recent);
+    }
+
+  private:
+    QString chooseFile(const QString& mode, const QString& folder, const QStringList& recent) {
+        shown << mode + "|" + folder + "|" + recent.join(',');
+        if (fileNames.empty()) return {};
+        QString name = fileNames.front();
+        fileNames.pop_front();
+        return name;
+    }
 };

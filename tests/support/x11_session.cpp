@@ -52,7 +52,8 @@ bool X11Session::run(const QString& program, const QStringList& arguments, QByte
 bool X11Session::startEditor(const QString& program, const QString& folder, User user,
                              const QStringList& arguments) {
     if (!launchEditor(program, folder, user, arguments)) return false;
-    mainWindow = waitForWindow("VARNOK LEVEL EDITOR");
+    // The title names the level file when it is not level99.VRK of the starting folder.
+    mainWindow = waitForWindowMatching("^VARNOK LEVEL EDITOR( — .+)?$");
     return !mainWindow.isEmpty();
 }
 
@@ -82,13 +83,20 @@ bool X11Session::launchEditor(const QString& program, const QString& folder, Use
 }
 
 bool X11Session::windowShown(const QString& title, QByteArray* ids) {
-    return xdotool(
-        {"search", "--onlyvisible", "--name", '^' + QRegularExpression::escape(title) + '$'}, ids);
+    return windowMatching('^' + QRegularExpression::escape(title) + '$', ids);
+}
+
+bool X11Session::windowMatching(const QString& pattern, QByteArray* ids) {
+    return xdotool({"search", "--onlyvisible", "--name", pattern}, ids);
 }
 
 QString X11Session::waitForWindow(const QString& title) {
+    return waitForWindowMatching('^' + QRegularExpression::escape(title) + '$');
+}
+
+QString X11Session::waitForWindowMatching(const QString& pattern) {
     QByteArray ids;  // none when the last search found nothing
-    waitUntil(20000, [&] { return windowShown(title, &ids); });
+    waitUntil(20000, [&] { return windowMatching(pattern, &ids); });
     return QString::fromLatin1(ids).section('\n', 0, 0);
 }
 
@@ -96,6 +104,22 @@ bool X11Session::closeBox(const QString& title) {
     if (waitForWindow(title).isEmpty()) return false;
     key("Return");
     return waitUntil(5000, [&] { return !windowShown(title); });
+}
+
+bool X11Session::answerFileDialog(const QString& title, const QString& path) {
+    if (waitForWindow(title).isEmpty()) return false;
+    xdotool({"type", "--delay", "20", path});
+    key("Return");
+    return waitUntil(5000, [&] { return !windowShown(title); });
+}
+
+QString X11Session::mainWindowTitle(const QString& expected) {
+    QByteArray title;
+    waitUntil(5000, [&] {
+        return xdotool({"getwindowname", mainWindow}, &title) &&
+               QString::fromUtf8(title).trimmed() == expected;
+    });
+    return QString::fromUtf8(title).trimmed();
 }
 
 QPoint X11Session::windowOrigin(const QString& window) {

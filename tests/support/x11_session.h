@@ -30,6 +30,10 @@ class X11Session {
 
     // Waits for the box with this title, presses Return (its default button), waits till it goes.
     bool closeBox(const QString& title);
+    // Waits for the file dialog with this title, types `path` into it and presses Return.
+    bool answerFileDialog(const QString& title, const QString& path);
+    // The main window's title, once it is `expected` (within 5 s), else as it is then.
+    QString mainWindowTitle(const QString& expected);
     // The text shown in the box with this title, copied from the screen.
     QString messageText(const QString& title);
 
@@ -46,8 +50,10 @@ class X11Session {
 
   private:
     QString waitForWindow(const QString& title);  // its id once it shows, or empty
+    QString waitForWindowMatching(const QString& pattern);
     QPoint windowOrigin(const QString& window);
     bool windowShown(const QString& title, QByteArray* ids = nullptr);
+    bool windowMatching(const QString& pattern, QByteArray* ids);
 
     QTemporaryDir scratch;  // HOME and XDG_RUNTIME_DIR; outlives the processes below
     QProcessEnvironment environment;

@@ -1,0 +1,164 @@
+#include "editor_texts.h"
+#include "mouse.h"
+#include "recent_files.h"
+#include "tile_codes.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+const QString Title = QStringLiteral("VARNOK LEVEL EDITOR");
+
+QByteArray fileBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A level file of this size with the hero at (5, 5).
+void writeLevel(const QString& path, int side) {
+    Level level;
+    level.reset(side, side);
+    level.setCell(5, 5, HeroCode);
+    if (!writeLevelFile(level, path).ok()) qFatal("no level file written");
+}
+
+bool magenta(const SpriteSheet& sheet) {
+    const QRgb pixel = sheet.image().pixel(100, 100);
+    return qRed(pixel) > 200 && qGreen(pixel) < 60 && qBlue(pixel) > 200;
+}
+}  // namespace
+
+// Ctrl+Shift+O and Ctrl+Shift+S with a recording file dialog; the files remembered in a
+// configuration folder of the test's own.
+class LevelFilesTest : public QObject {
+    Q_OBJECT
+    QTemporaryDir config;
+    QTemporaryDir others;  // where the other level files lie
+
+    // Started on a 25 x 25 level99.VRK, remembering its files.
+    void startEditor(Editor& editor, RecentFiles& recent) {
+        writeLevel(editor.path(LevelFileName), 25);
+        editor.window.setRecentFiles(&recent);
+        editor.window.startUp();
+        QVERIFY(QTest::qWaitForWindowActive(&editor.window));
+    }
+    static void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+
+  private slots:
+    void initTestCase() { qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path())); }
+
+    // The opened file's sprite sheet is used; undo and redo take file and sheet along; the
+    // files remembered follow, a file that is gone is dropped.
+    void openedFileGoesWithItsLevel() {
+        Editor editor;
+        RecentFiles recent;
+        startEditor(editor, recent);
+        const QString start = editor.path(LevelFileName);
+        const QString castle = others.filePath("castle.vrk");
+        writeLevel(castle, 30);
+        QImage sheet(640, 896, QImage::Format_RGB32);
+        sheet.fill(qRgb(255, 0, 255));
+        QVERIFY(sheet.save(others.filePath(SpriteSheetFileName), "JPG"));
+        QSignalSpy changed(&editor.document, &LevelDocument::levelFileChanged);
+
+        editor.dialogs.fileNames = {castle};
+        key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(editor.dialogs.shown.last(), "open|" + editor.folder.path() + "|" + start);
+        QCOMPARE(editor.level.width(), 30);
+        QCOMPARE(changed.last().first().toString(), castle);
+        QCOMPARE(editor.window.windowTitle(), Title + " — castle.vrk");
+        QVERIFY(magenta(editor.document.sheet()));
+        QCOMPARE(RecentFiles().files(), QStringList({castle, start}));
+
+        key(Qt::Key_Z);
+        QCOMPARE(editor.level.width(), 25);
+        QCOMPARE(editor.document.levelFile(), start);
+        QCOMPARE(editor.window.windowTitle(), Title);
+        QVERIFY(!magenta(editor.document.sheet()));
+        QCOMPARE(RecentFiles().files(), QStringList({start, castle}));
+        key(Qt::Key_Y);
+        QCOMPARE(editor.document.levelFile(), castle);
+        QVERIFY(magenta(editor.document.sheet()));
+        QCOMPARE(changed.size(), 3);
+
+        QVERIFY(QFile::remove(castle));
+        key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);  // cancelled
+        QCOMPARE(editor.dialogs.shown.last(), "open|" + others.path() + "|" + start);
+    }
+
+    void aRefusedFileChangesNothing_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");  // none: a folder, or nothing at all
+        QTest::addColumn<QString>("message");
+        QTest::newRow("folder") << "folder.vrk" << QByteArray() << "nelze otevřít";
+        QTest::newRow("binary") << "binary.vrk" << QByteArray("\x89PNG\r\n\x1a\n\0\0\xff", 11)
+                                << "není celé číslo";
+        QTest::newRow("LF line ends")
+            << "unix.vrk" << QByteArray("1\n 34 \n 34 \n") << "konce řádků LF";
+        QTest::newRow("missing") << "missing.vrk" << QByteArray() << "nebyl nalezen";
+    }
+    void aRefusedFileChangesNothing() {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, message);
+        Editor editor;
+        RecentFiles recent(config.filePath("refused.conf"));
+        startEditor(editor, recent);
+        const QString path = others.filePath(name);
+        if (name.startsWith("folder")) QVERIFY(QDir(others.path()).mkpath(name));
+        QFile file(path);
+        if (!bytes.isEmpty()) QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) > 0);
+        file.close();
+        editor.document.applyTool(8, 8, 25);
+        const QByteArray before = encodeLevelFile(editor.level);
+
+        editor.dialogs.fileNames = {path};
+        editor.window.openOtherLevel();
+        const QString shown = editor.dialogs.shown.last();
+        QVERIFY2(shown.startsWith("error||Soubor " + name) && shown.contains(message),
+                 qPrintable(shown));
+        QCOMPARE(encodeLevelFile(editor.level), before);
+        QCOMPARE(editor.document.levelFile(), editor.path(LevelFileName));
+        QCOMPARE(editor.document.history().count(), 0);
+        QCOMPARE(editor.window.windowTitle(), Title);
+        QCOMPARE(recent.files(), QStringList{editor.path(LevelFileName)});
+    }
+
+    // Save's question only over an existing file, its hero check, ".VRK" for a bare name.
+    void saveUnderAnotherName() {
+        Editor editor;
+        RecentFiles recent(config.filePath("saved.conf"));
+        startEditor(editor, recent);
+        const auto saveAs = [&](const QString& typed, std::deque<bool> answers = {}) {
+            editor.dialogs.fileNames = {typed};
+            editor.dialogs.answers = std::move(answers);
+            editor.window.saveLevelAs();
+            return editor.dialogs.shown.last();
+        };
+        const QString cellar = others.filePath("cellar.VRK");
+        QCOMPARE(saveAs(others.filePath("cellar")),
+                 "save|" + editor.folder.path() + "|" + editor.path(LevelFileName));
+        QCOMPARE(fileBytes(cellar), encodeLevelFile(editor.level));
+        QCOMPARE(editor.window.windowTitle(), Title + " — cellar.VRK");
+
+        editor.document.applyTool(8, 8, 25);
+        QCOMPARE(saveAs(cellar, {false}),
+                 "question|" + EditorTexts::SaveTitle + "|" + EditorTexts::SaveQuestion);
+        QVERIFY(fileBytes(cellar) != encodeLevelFile(editor.level));
+        editor.document.applyTool(5, 5, 0);
+        QCOMPARE(saveAs(others.filePath("sklep.vrk")),
+                 "warning|" + EditorTexts::NoHeroTitle + "|" + EditorTexts::NoHero);
+        QVERIFY(!QFile::exists(others.filePath("sklep.vrk")));
+
+        editor.document.applyTool(6, 6, HeroCode);
+        saveAs(editor.path(LevelFileName), {true});
+        QCOMPARE(fileBytes(editor.path(LevelFileName)), encodeLevelFile(editor.level));
+        QCOMPARE(editor.window.windowTitle(), Title);
+        QCOMPARE(recent.files(), QStringList({editor.path(LevelFileName), cellar}));
+    }
+};
+
+QTEST_MAIN(LevelFilesTest)
+#include "test_level_files.moc"
