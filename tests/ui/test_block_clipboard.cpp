@@ -15,7 +15,8 @@ class BlockClipboardTest : public QObject {
     void blockTravelsBetweenEditors() {
         const LevelBlock block{4, 2, {0, 1, 135, 139, 114, 23, 124, 80}};
         QImage picture(256, 128, QImage::Format_RGB32);
-        picture.fill(Qt::darkCyan);
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) picture.setPixel(x, y, qRgb(x, y, x ^ y));
         BlockClipboard().put(block, picture);
 
         const QMimeData* data = QGuiApplication::clipboard()->mimeData();
@@ -23,6 +24,8 @@ class BlockClipboardTest : public QObject {
         QCOMPARE(data->data(BlockClipboard::MimeType), encodeBlockText(block));
         QCOMPARE(data->data("text/plain"), encodeBlockText(block));
         QCOMPARE(qvariant_cast<QImage>(data->imageData()), picture);
+        QVERIFY(data->hasFormat("image/png"));
+        QCOMPARE(QImage::fromData(data->data("image/png"), "PNG"), picture);
         BlockFromClipboard taken = BlockClipboard().take();
         QVERIFY(taken.isBlock());
         QCOMPARE(taken.block, block);
