@@ -59,7 +59,7 @@ BlockReading readCells(QByteArrayView text) {
     const std::optional<qint64> height = sideOf(header[3]);
     if (!width || !height) return refusal(BlockTexts::badSize(header[2], header[3]));
     if (*width > MaxLevelSide || *height > MaxLevelSide)
-        return refusal(BlockTexts::tooLarge(*width, *height, MaxLevelSide));
+        return refusal(BlockTexts::tooLarge(header[2], header[3], MaxLevelSide));
 
     BlockReading reading{BlockReading::Outcome::Block, {int(*width), int(*height), {}}, {}};
     LevelBlock& block = reading.block;

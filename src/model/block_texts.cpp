@@ -24,16 +24,15 @@ QString badSize(const QByteArray& width, const QByteArray& height) {
         .arg(QString::fromLatin1(width), QString::fromLatin1(height));
 }
 
-QString tooLarge(qint64 width, qint64 height, int largest) {
+QString tooLarge(const QByteArray& width, const QByteArray& height, int largest) {
     return QStringLiteral(
                "blok %1 × %2 políček je větší, než editor dovolí (nejvýše %3 na stranu).")
-        .arg(width)
-        .arg(height)
+        .arg(QString::fromLatin1(width), QString::fromLatin1(height))
         .arg(largest);
 }
 
 QString missingRows(int expected, int found) {
-    return QStringLiteral("blok má mít %1 řádků políček, ve schránce je jich jen %2.")
+    return QStringLiteral("chybí řádky políček: výška bloku je %1, řádků je ve schránce jen %2.")
         .arg(expected)
         .arg(found);
 }
@@ -44,7 +43,7 @@ QString extraRows(int expected) {
 }
 
 QString wrongRowLength(int row, qsizetype length, int width) {
-    return QStringLiteral("%1. řádek políček má %2 znaků místo %3.")
+    return QStringLiteral("délka %1. řádku políček je %2, má být %3 (šířka bloku).")
         .arg(row)
         .arg(length)
         .arg(width);

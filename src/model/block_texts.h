@@ -14,7 +14,7 @@ QString refused(const QString& reason);
 QString badHeader();
 QString unknownVersion(const QByteArray& version);
 QString badSize(const QByteArray& width, const QByteArray& height);
-QString tooLarge(qint64 width, qint64 height, int largest);
+QString tooLarge(const QByteArray& width, const QByteArray& height, int largest);
 QString missingRows(int expected, int found);
 QString extraRows(int expected);
 QString wrongRowLength(int row, qsizetype length, int width);

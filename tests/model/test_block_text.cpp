@@ -68,10 +68,10 @@ class BlockTextTest : public QObject {
                                              << BlockTexts::extraRows(2);
         QTest::newRow("wider than allowed")
             << QByteArray("VARNOK-BLOK 1 1001 1\r\n") + QByteArray(1001, '0')
-            << BlockTexts::tooLarge(1001, 1, MaxLevelSide);
+            << BlockTexts::tooLarge("1001", "1", MaxLevelSide);
         QTest::newRow("taller than allowed")
             << QByteArray("VARNOK-BLOK 1 1 99999999999999999999999\r\n0\r\n")
-            << BlockTexts::tooLarge(1, std::numeric_limits<qint64>::max(), MaxLevelSide);
+            << BlockTexts::tooLarge("1", "99999999999999999999999", MaxLevelSide);
         QTest::newRow("zero width")
             << QByteArray("VARNOK-BLOK 1 0 2\r\n\r\n\r\n") << BlockTexts::badSize("0", "2");
         QTest::newRow("negative height")
