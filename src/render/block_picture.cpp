@@ -1,5 +1,6 @@
 #include "block_picture.h"
 
+#include "blank_picture.h"
 #include "level_block.h"
 #include "map_canvas.h"
 #include "tile_codes.h"
@@ -33,12 +34,15 @@ QImage blockPicture(const LevelBlock& block, const SpriteSheet& sheet, ZoomedTil
     const int step = blockPictureZoomStep(block.width, block.height);
     const int tileSize = tileSizeAt(step);
     const QRect area(0, 0, block.width * tileSize, block.height * tileSize);
-    QImage picture(area.size(), QImage::Format_RGB32);
+    // Both pictures are written whole once, so they are spared the page faults of fresh memory.
+    QImage picture = blankPicture(area.width(), area.height());
+    if (picture.isNull()) return picture;
     QPainter painter(&picture);
     if (step == 0) {
         canvas.paint(painter, area, sheet);
     } else {
-        QImage scratch;
+        QImage scratch = blankPicture(area.width(), area.height());
+        if (scratch.isNull()) return {};
         canvas.paintZoomed(painter, area, tiles.at(step), tileSize, scratch);
     }
     return picture;
