@@ -115,6 +115,9 @@ const std::map<std::string, std::string> ReferenceOf = {
     {"BM_ReadLevelFile", "BM_PlainFileRead"},   {"BM_WriteLevelFile", "BM_PlainFileWrite"},
     {"BM_RedrawLevel", "BM_MemsetCells"},       {"BM_PaintVisibleMap", "BM_DrawScreenImage"},
     {"BM_PaintMinimap", "BM_DrawMinimapImage"}, {"BM_PaintZoomedMap", "BM_DrawScreenImage"},
+    {"BM_BlockText", "BM_CopyBlockCodes"},      {"BM_ReadBlockText", "BM_CopyBlockCodes"},
+    {"BM_BlockPicture", "BM_CopyBlockPixels"},  {"BM_BlockPng", "BM_CopyBlockPixels"},
+    {"BM_BlockPngQt", "BM_CopyBlockPixels"},    {"BM_BlockCopy", "BM_CopyBlockPixels"},
 };
 
 #define LEVEL_SIZES Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond)

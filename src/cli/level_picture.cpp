@@ -1,5 +1,6 @@
 #include "level_picture.h"
 
+#include "blank_picture.h"
 #include "level_renderer.h"
 #include "map_canvas.h"
 #include "minimap_canvas.h"
@@ -9,28 +10,10 @@
 #include <QPainter>
 
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <vector>
 
-#include <sys/mman.h>
-
 namespace {
-
-// An uninitialised RGB32 picture in memory the kernel may map in 2 MiB pages. Each picture
-// page is written once, and in a virtual machine a fault per 4 KiB page costs more than
-// drawing and copying the page: for 64 MB, about 250 ms of faults against about 15.
-QImage blankPicture(int width, int height) {
-    constexpr std::size_t HugePage = std::size_t(2) << 20;
-    const std::size_t bytes = std::size_t(width) * std::size_t(height) * sizeof(QRgb);
-    const std::size_t rounded = (bytes + HugePage - 1) / HugePage * HugePage;
-    void* memory = rounded > 0 ? std::aligned_alloc(HugePage, rounded) : nullptr;
-    if (!memory) return {};
-    madvise(memory, rounded, MADV_HUGEPAGE);  // a hint: without it, ordinary pages
-    return QImage(static_cast<uchar*>(memory), width, height,
-                  static_cast<qsizetype>(width) * qsizetype(sizeof(QRgb)), QImage::Format_RGB32,
-                  std::free, memory);
-}
 
 // Tile index of the grey background, after the sheet's cells.
 constexpr int BackgroundTile = SheetCellCount;

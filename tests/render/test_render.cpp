@@ -1,5 +1,7 @@
+#include "block_picture.h"
 #include "frame_prediction.h"
 #include "level.h"
+#include "level_block.h"
 #include "level_renderer.h"
 #include "minimap_dots.h"
 #include "room_blocks.h"
@@ -212,6 +214,38 @@ class RenderTest : public QObject {
                                                  .arg(py)));
                     }
             }
+        }
+    }
+    // A block's picture is the largest zoom step within 2048 pixels a side, and each of its
+    // cells shows the sheet cell of its code (grey for a code without a picture).
+    void blockPictureShowsEachCell() {
+        QCOMPARE(blockPictureZoomStep(1, 1), 0);
+        QCOMPARE(blockPictureZoomStep(32, 5), 0);  // exactly 2048 pixels wide
+        QCOMPARE(blockPictureZoomStep(5, 33), 1);
+        QCOMPARE(blockPictureZoomStep(64, 64), 1);
+        QCOMPARE(blockPictureZoomStep(65, 2), 2);
+        QCOMPARE(blockPictureZoomStep(1000, 1000), 5);
+        const SpriteSheet sheet = numberedSheet(TileSize);
+        ZoomedTiles zoomed(sheet);
+        for (const QSize size : {QSize(3, 2), QSize(31, 33), QSize(70, 9), QSize(1000, 2)}) {
+            LevelBlock block{size.width(), size.height(), {}};
+            for (int i = 0; i < size.width() * size.height(); ++i)
+                block.codes.push_back(qint16(i % 7 == 6 ? SheetCellCount + i % 3 : i % 139));
+            const int c = tileSizeAt(blockPictureZoomStep(size.width(), size.height()));
+            const QImage picture = blockPicture(block, sheet, zoomed);
+            QCOMPARE(picture.size(), size * c);
+            QVERIFY(std::max(picture.width(), picture.height()) <= 2048);
+            for (int py = 0; py < picture.height(); ++py)
+                for (int px = 0; px < picture.width(); ++px) {
+                    const int code = block.at(px / c, py / c);
+                    const QRgb expected = hasPicture(code) ? cellColour(code) : MapBackground;
+                    if (picture.pixel(px, py) != expected)
+                        QFAIL(qPrintable(QStringLiteral("%1 x %2: pixel (%3, %4)")
+                                             .arg(size.width())
+                                             .arg(size.height())
+                                             .arg(px)
+                                             .arg(py)));
+                }
         }
     }
 };

@@ -1,0 +1,86 @@
+#include "block_text.h"
+#include "block_texts.h"
+#include "tile_codes.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+class BlockTextTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    // The text holds the level file's bytes; random blocks come back equal, also after their
+    // line ends or their bytes were changed by a program on the way.
+    void blocksRoundTrip() {
+        QCOMPARE(encodeBlockText({3, 2, {0, 17, 135, 1, 139, 10}}),
+                 QByteArray("VARNOK-BLOK 1 3 2\r\n0A\xb7\r\n1\xbb:\r\n"));
+        QRandomGenerator random(24);
+        QList<QSize> sizes = {{1, 1}, {1, 1000}, {1000, 3}};
+        for (int i = 0; i < 100; ++i)
+            sizes.append(QSize(1 + random.bounded(40), 1 + random.bounded(40)));
+        for (const QSize size : sizes) {
+            LevelBlock block{size.width(), size.height(), {}};
+            for (int i = 0; i < size.width() * size.height(); ++i)
+                block.codes.push_back(qint16(random.bounded(SheetCellCount)));
+            const QByteArray text = encodeBlockText(block);
+            const BlockReading read = readBlockText(text);
+            QCOMPARE(read.outcome, BlockReading::Outcome::Block);
+            QCOMPARE(read.block, block);
+            QCOMPARE(readBlockText(QByteArray(text).replace("\r\n", "\n")).block, block);
+            QCOMPARE(readBlockText(QString::fromLatin1(text).toUtf8()).block, block);
+        }
+    }
+
+    void malformedBlocksRefused_data() {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("reason");
+        const QByteArray head = "VARNOK-BLOK 1 3 2\r\n";
+        QTest::newRow("row missing") << head + "012\r\n" << BlockTexts::missingRows(2, 1);
+        QTest::newRow("row short") << head + "012\r\n01\r\n" << BlockTexts::wrongRowLength(2, 2, 3);
+        QTest::newRow("CR alone") << head + "012\r012\r" << BlockTexts::wrongRowLength(1, 7, 3);
+        QTest::newRow("code past the sheet") << head + "012\r\n01\xbc\r\n"
+                                             << BlockTexts::unknownCode(2, 3, SheetCellCount);
+        QTest::newRow("negative code") << head + "/12\r\n012\r\n"
+                                       << BlockTexts::unknownCode(1, 1, -1);
+        QTest::newRow("rows after the last") << head + "012\r\n012\r\n0\r\n"
+                                             << BlockTexts::extraRows(2);
+        QTest::newRow("too wide") << "VARNOK-BLOK 1 1001 1\r\n" + QByteArray(1001, '0')
+                                  << BlockTexts::tooLarge("1001", "1", MaxLevelSide);
+        QTest::newRow("too tall") << QByteArray("VARNOK-BLOK 1 1 99999999999999999999\r\n0\r\n")
+                                  << BlockTexts::tooLarge("1", "99999999999999999999",
+                                                          MaxLevelSide);
+        QTest::newRow("zero") << QByteArray("VARNOK-BLOK 1 0 2\r\n")
+                              << BlockTexts::badSize("0", "2");
+        QTest::newRow("negative") << QByteArray("VARNOK-BLOK 1 2 -2\r\n")
+                                  << BlockTexts::badSize("2", "-2");
+        QTest::newRow("size missing")
+            << QByteArray("VARNOK-BLOK 1 2\r\n00\r\n") << BlockTexts::badHeader();
+        QTest::newRow("version") << QByteArray("VARNOK-BLOK 2 1 1\r\n0\r\n")
+                                 << BlockTexts::unknownVersion("2");
+    }
+
+    // A malformed block is refused whole, with the reason that names what is wrong.
+    void malformedBlocksRefused() {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, reason);
+        const BlockReading read = readBlockText(text);
+        QCOMPARE(read.outcome, BlockReading::Outcome::Refused);
+        QCOMPARE(read.reason, reason);
+        QVERIFY(read.block.codes.empty());
+        QCOMPARE(read.message(), BlockTexts::refused(reason));
+    }
+
+    // Texts that are no block of ours at all; blanks around the mark still make a block.
+    void foreignTextsAreNotBlocks() {
+        for (const QByteArray text :
+             {"", "Ahoj", "VARNOK-BLOKY 1 1 1\r\n0\r\n", "varnok-blok 1 1 1\r\n0\r\n",
+              "1\r\n 15 \r\n 15 \r\n", "x\r\nVARNOK-BLOK 1 1 1\r\n0\r\n"}) {
+            QCOMPARE(readBlockText(text).outcome, BlockReading::Outcome::NotOurs);
+            QCOMPARE(readBlockText(text).message(), BlockTexts::notOurs());
+        }
+        QCOMPARE(readBlockText("  VARNOK-BLOK 1 1 1 \r\n5\r\n").block, (LevelBlock{1, 1, {5}}));
+    }
+};
+
+QTEST_GUILESS_MAIN(BlockTextTest)
+#include "test_block_text.moc"
