@@ -70,6 +70,7 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     connect(minimapView, &MinimapView::mapPointDragged, mapViewport, &MapViewport::minimapDragged);
     connect(minimapView, &MouseSurface::released, mapViewport, &MapViewport::mapReleased);
     connect(mapViewport, &MapViewport::viewMoved, this, &EditorWindow::updateMinimapViewFrame);
+    connect(mapViewport, &MapViewport::selectionChanged, minimapView, &MinimapView::showSelection);
     connect(&document, &LevelDocument::cellsChanged, minimapView, &MinimapView::showChangedCells);
     connect(&document, &LevelDocument::levelFileWarning, this,
             [this](const QString& warning) { this->dialogs.error(warning); });
@@ -112,7 +113,13 @@ void EditorWindow::addKeys() {
     addKey({QKeySequence(Qt::CTRL | Qt::Key_9)}, [this] { mapViewport->zoomToWholeLevel(); });
     // Shift is usually still held while a rectangle is dragged.
     addKey({QKeySequence(Qt::Key_Escape), QKeySequence(Qt::SHIFT | Qt::Key_Escape)},
-           [this] { mapViewport->cancelRectangle(); });
+           [this] { mapViewport->cancel(); });
+    addKey(QKeySequence::keyBindings(QKeySequence::SelectAll),
+           [this] { mapViewport->selectAll(); });
+    addKey(QKeySequence::keyBindings(QKeySequence::Copy), &EditorWindow::copySelection);
+    addKey(QKeySequence::keyBindings(QKeySequence::Cut), &EditorWindow::cutSelection);
+    addKey({QKeySequence(Qt::Key_Delete)}, &EditorWindow::deleteSelection);
+    addKey(QKeySequence::keyBindings(QKeySequence::Paste), &EditorWindow::pasteBlock);
 }
 
 EditorWindow::~EditorWindow() {
@@ -162,6 +169,33 @@ void EditorWindow::saveLevel() {
 void EditorWindow::openLevel() {
     if (!dialogs.question(EditorTexts::OpenQuestion, EditorTexts::OpenTitle)) return;
     loadLevel(shownView());
+}
+
+void EditorWindow::copySelection() {
+    if (const auto cells = mapViewport->selection()) keepCopiedBlock(document.copyBlock(*cells));
+}
+
+void EditorWindow::cutSelection() {
+    const auto cells = mapViewport->selection();
+    if (!cells) return;
+    keepCopiedBlock(document.copyBlock(*cells));
+    document.clearCells(*cells);
+}
+
+void EditorWindow::deleteSelection() {
+    if (const auto cells = mapViewport->selection()) document.clearCells(*cells);
+}
+
+void EditorWindow::pasteBlock() {
+    if (const auto block = blockToPaste()) mapViewport->carryBlock(*block);
+}
+
+void EditorWindow::keepCopiedBlock(const LevelBlock& block) {
+    copiedBlock = block;
+}
+
+std::optional<LevelBlock> EditorWindow::blockToPaste() const {
+    return copiedBlock;
 }
 
 void EditorWindow::showHelp() {

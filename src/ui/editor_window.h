@@ -1,5 +1,6 @@
 #pragma once
 
+#include "level_block.h"
 #include "level_snapshot.h"
 
 #include <QWidget>
@@ -33,6 +34,16 @@ class EditorWindow : public QWidget {
     void showHelp();
     int selectedTool() const { return tool; }
 
+    // Blocks: copy, cut and delete act on the map's selection, paste picks up the block to
+    // carry over the map. The one place a copied block goes, and the one place paste takes
+    // it from: this window's own copy.
+    void copySelection();
+    void cutSelection();
+    void deleteSelection();
+    void pasteBlock();
+    void keepCopiedBlock(const LevelBlock& block);
+    std::optional<LevelBlock> blockToPaste() const;
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -61,4 +72,5 @@ class EditorWindow : public QWidget {
     QLabel* mouseHintLabel;
     int tool = 0;
     bool busy = false;
+    std::optional<LevelBlock> copiedBlock;
 };

@@ -20,6 +20,23 @@ void OutlineShape::paintEvent(QPaintEvent*) {
     };
     if (innerColour.isValid()) ring(rect().adjusted(1, 1, -1, -1), innerColour);
     ring(rect(), colour);
+    if (!dashes) return;
+    // Black gaps every other Dash pixels, so the outline shows on light and dark cells alike.
+    constexpr int Dash = 4;
+    const QRect r = rect();
+    for (int x = r.left() + Dash; x <= r.right(); x += 2 * Dash) {
+        painter.fillRect(QRect(x, r.top(), Dash, 1), Qt::black);
+        painter.fillRect(QRect(x, r.bottom(), Dash, 1), Qt::black);
+    }
+    for (int y = r.top() + Dash; y <= r.bottom(); y += 2 * Dash) {
+        painter.fillRect(QRect(r.left(), y, 1, Dash), Qt::black);
+        painter.fillRect(QRect(r.right(), y, 1, Dash), Qt::black);
+    }
+}
+
+void OutlineShape::setDashed(bool dashed) {
+    dashes = dashed;
+    update();
 }
 
 void OutlineShape::setInnerColour(QColor inner) {
