@@ -26,6 +26,7 @@ MinimapView::MinimapView(QWidget* parent, const MinimapCanvas& canvas)
     viewFrame->setPlacement({48, 16, 32.8f, 32.8f});
     selectionFrame =
         new OutlineShape(this, QColor(255, 255, 255), QStringLiteral("minimapSelectionFrame"));
+    selectionFrame->setDashed(true);
     selectionFrame->hide();
     connect(this, &MouseSurface::pressed, this, &MinimapView::minimapPressed);
     connect(this, &MouseSurface::moved, this, &MinimapView::minimapMoved);
