@@ -53,6 +53,11 @@ QString helpText(const QList<QCommandLineOption>& options) {
         "  Ctrl + kolečko      vzdálí nebo přiblíží mapu kolem ukazatele\n"
         "  Ctrl+-, Ctrl++      vzdálí, přiblíží mapu (také Ctrl+=)\n"
         "  Ctrl+0, Ctrl+9      plná velikost, celý level v okně\n"
+        "  Shift + tah pravým  vybere obdélník buněk; Ctrl+A vybere vše,\n"
+        "                      Esc nebo klik výběr zruší\n"
+        "  Ctrl+C, Ctrl+X      zkopíruje, vyřízne výběr; Delete jej smaže na podlahu\n"
+        "  Ctrl+V              vloží zkopírovaný blok: jde s ukazatelem, levý klik\n"
+        "                      jej položí, Esc zahodí; přesun je Ctrl+X a Ctrl+V\n"
         "  Ctrl+Z, Ctrl+Y      zpět, znovu (také Ctrl+Shift+Z)\n"
         "  Ctrl+S, Ctrl+O, Ctrl+N  Uložit, Otevřít, Nový; F1 nápověda\n");
     return text;

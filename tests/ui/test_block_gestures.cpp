@@ -58,6 +58,10 @@ class BlockGesturesTest : public QObject {
         QVERIFY(preview->isVisible());
         drag(editor.map, cellCentre({10, 10}), Qt::NoButton);
         QCOMPARE(preview->geometry(), QRect(640, 640, 192, 128));
+        // Column 10 lies in the right edge zone: the map scrolls as while painting.
+        QCOMPARE(editor.map->placement().left, map.left + 10 - 32);
+        drag(editor.map, cellCentre({10, 10}) + QPointF(8, 0), Qt::NoButton);  // the same cell
+        QCOMPARE(editor.map->placement().left, map.left + 10 - 32);
         click(editor.map, cellCentre({10, 10}));
         QVERIFY(!preview->isVisible());
         QCOMPARE(editor.document.history().index(), steps + 1);
