@@ -115,6 +115,9 @@ const std::map<std::string, std::string> ReferenceOf = {
     {"BM_ReadLevelFile", "BM_PlainFileRead"},   {"BM_WriteLevelFile", "BM_PlainFileWrite"},
     {"BM_RedrawLevel", "BM_MemsetCells"},       {"BM_PaintVisibleMap", "BM_DrawScreenImage"},
     {"BM_PaintMinimap", "BM_DrawMinimapImage"}, {"BM_PaintZoomedMap", "BM_DrawScreenImage"},
+    {"BM_CopyBlock", "BM_CopyCells"},           {"BM_PasteBlock", "BM_CopyCells"},
+    {"BM_UndoPaste", "BM_CopyCells"},           {"BM_RedoPaste", "BM_CopyCells"},
+    {"BM_CarryBlock", "BM_DrawScreenImage"},
 };
 
 #define LEVEL_SIZES Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond)
