@@ -368,12 +368,8 @@ class EndToEndTest : public QObject {
                                QString::number(client.y() + place.y())};
         };
         const auto select = [&](QPoint from, QPoint to) {
-            x->xdotool(QStringList{"keydown", "shift"} << at(from) << "mousedown"
-                                                       << "3");
-            x->xdotool(at(to) << "mouseup"
-                              << "3"
-                              << "keyup"
-                              << "shift");
+            x->xdotool(QStringList{"keydown", "shift"} + at(from) + QStringList{"mousedown", "3"} +
+                       at(to) + QStringList{"mouseup", "3", "keyup", "shift"});
         };
         clickInWindow({cell(4, 4), cell(5, 4), cell(6, 4), cell(5, 5)});
         select(cell(4, 4), cell(6, 5));
@@ -391,11 +387,8 @@ class EndToEndTest : public QObject {
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(levelFile(heroOnly)) > 0);
         file.close();
         QVERIFY(model.open().ok());
-        for (const QPoint wall : {QPoint(4, 4), QPoint(5, 4), QPoint(6, 4), QPoint(5, 5)}) {
-            model.beginStroke();
+        for (const QPoint wall : {QPoint(4, 4), QPoint(5, 4), QPoint(6, 4), QPoint(5, 5)})
             model.applyTool(wall.x(), wall.y(), 1);
-            model.endStroke();
-        }
         model.placeBlock(model.copyBlock(QRect(4, 4, 3, 2)), QPoint(10, 10));
         model.clearCells(QRect(4, 4, 3, 2));
         model.clearCells(QRect(10, 10, 2, 1));
