@@ -69,29 +69,33 @@ class BlocksTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // Copy here, paste there (at times past the frame): the block's codes inside, the walls
-    // on its edge and round it as the wall tool joins them (a straight wall's look aside),
-    // one hero; undo and redo give back each level exactly.
-    void pasteJoinsTheEdgeAsTheWallToolWould() {
+    // On random levels: copy here, paste there (at times past the frame): the block's codes
+    // inside, the walls on its edge and round it as the wall tool joins them (a straight
+    // wall's look aside), one hero. Then cut and paste back at the same place: the level comes
+    // back but for walls on the edge or round it that were re-joined (a straight wall's look
+    // drawn anew, a wall that did not join its neighbours, as beside a room, now joining them).
+    // Each edit is one step, undo and redo give back each level exactly.
+    void copyCutAndPasteAsTheWallToolWould() {
         QRandomGenerator random(24);
         QTemporaryDir folder;
-        for (int round = 0; round < 150; ++round) {
+        int exact = 0;
+        for (int round = 0; round < 200; ++round) {
             LevelDocument document{QDir(folder.path())};
             paintRandomLevel(document, random);
             const Level& level = document.level();
-            const auto anyCell = [&](int from) {
-                return QPoint(random.bounded(from, level.width()),
-                              random.bounded(from, level.height()));
+            const Level original = level;
+            const auto anyCell = [&](int from, int edge) {
+                return QPoint(random.bounded(from, level.width() - edge),
+                              random.bounded(from, level.height() - edge));
             };
-            const LevelBlock block = document.copyBlock(cellsBetween(anyCell(0), anyCell(0)));
-            const QPoint at = anyCell(-2);
-            const QRect cells =
-                QRect(at, QSize(block.width, block.height)) & cellsInsideFrame(level);
+            LevelBlock block = document.copyBlock(cellsBetween(anyCell(0, 0), anyCell(0, 0)));
+            const QPoint at = anyCell(-2, 0);
+            QRect cells = QRect(at, QSize(block.width, block.height)) & cellsInsideFrame(level);
             const Level expected = pastedByTheWallTool(level, block, at, cells);
             const QByteArray before = saved(document);
             const int steps = document.history().index();
             document.placeBlock(block, at);
-            const QRect inner = cells.adjusted(1, 1, -1, -1);
+            QRect inner = cells.adjusted(1, 1, -1, -1);
             for (int y = 0; y <= level.height(); ++y)
                 for (int x = 0; x <= level.width(); ++x) {
                     const int want = inner.isValid() && inner.contains(x, y)
@@ -107,42 +111,24 @@ class BlocksTest : public QObject {
                 }
             QCOMPARE(level.hero(), expected.hero());
             QCOMPARE(document.history().index(), steps + (cells.isEmpty() ? 0 : 1));
-            const QByteArray after = saved(document);
-            if (cells.isEmpty()) continue;
-            document.undo();
-            QVERIFY(saved(document) == before);
-            document.redo();
-            QVERIFY(saved(document) == after);
-        }
-    }
+            const QByteArray pasted = saved(document);
+            if (!cells.isEmpty()) {
+                document.undo();
+                QVERIFY(saved(document) == before);
+                document.redo();
+                QVERIFY(saved(document) == pasted);
+                document.undo();
+            }
 
-    // Cut, then paste back at the same place: the level comes back but for walls on the edge
-    // or round it that were re-joined (a straight wall's look is drawn anew, a wall that did
-    // not join its neighbours, as beside a room, now does). Each edit one step, undone exactly.
-    void cutAndPasteBackRestoresTheLevel() {
-        QRandomGenerator random(2424);
-        QTemporaryDir folder;
-        int exact = 0;
-        for (int round = 0; round < 150; ++round) {
-            LevelDocument document{QDir(folder.path())};
-            paintRandomLevel(document, random);
-            const Level& level = document.level();
-            const Level original = level;
-            const auto inside = [&] {
-                return QPoint(random.bounded(2, level.width() - 2),
-                              random.bounded(2, level.height() - 2));
-            };
-            const QRect cells = cellsBetween(inside(), inside());
-            const QByteArray before = saved(document);
-            const int steps = document.history().index();
-            const LevelBlock block = document.copyBlock(cells);
+            cells = cellsBetween(anyCell(2, 2), anyCell(2, 2));
+            block = document.copyBlock(cells);
             document.clearCells(cells);
             for (int y = cells.top(); y <= cells.bottom(); ++y)
                 for (int x = cells.left(); x <= cells.right(); ++x) QCOMPARE(level.cell(x, y), 0);
             const QByteArray cleared = saved(document);
             document.placeBlock(block, cells.topLeft());
             QCOMPARE(document.history().index(), steps + 2);  // copying is no step
-            const QRect inner = cells.adjusted(1, 1, -1, -1);
+            inner = cells.adjusted(1, 1, -1, -1);
             for (int y = 0; y < level.height(); ++y)
                 for (int x = 0; x < level.width(); ++x) {
                     const int now = level.cell(x, y);
@@ -159,7 +145,7 @@ class BlocksTest : public QObject {
             document.undo();
             QVERIFY(saved(document) == before);
         }
-        QVERIFY(exact > 100);  // most cuts have no such wall
+        QVERIFY(exact > 130);  // most cuts have no such wall
     }
 };
 
