@@ -283,7 +283,11 @@ void MapViewport::scrollTowards(float x, float y) {
 }
 
 void MapViewport::minimapPressed(Qt::MouseButtons button, QPointF mapPoint) {
-    mapPressed(button, zoomed(mapPoint));
+    const QPointF point = zoomed(mapPoint);
+    // A carried block is laid where the minimap was pressed.
+    if (carriesBlock() && button == Qt::LeftButton)
+        carryTo(static_cast<float>(point.x()), static_cast<float>(point.y()), false);
+    mapPressed(button, point);
 }
 
 void MapViewport::minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint) {
