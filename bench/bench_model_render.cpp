@@ -118,6 +118,9 @@ const std::map<std::string, std::string> ReferenceOf = {
     {"BM_BlockText", "BM_CopyBlockCodes"},      {"BM_ReadBlockText", "BM_CopyBlockCodes"},
     {"BM_BlockPicture", "BM_CopyBlockPixels"},  {"BM_BlockPng", "BM_CopyBlockPixels"},
     {"BM_BlockPngQt", "BM_CopyBlockPixels"},    {"BM_BlockCopy", "BM_CopyBlockPixels"},
+    {"BM_CopyBlock", "BM_CopyCells"},           {"BM_PasteBlock", "BM_CopyCells"},
+    {"BM_UndoPaste", "BM_CopyCells"},           {"BM_RedoPaste", "BM_CopyCells"},
+    {"BM_CarryBlock", "BM_DrawScreenImage"},
 };
 
 #define LEVEL_SIZES Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond)

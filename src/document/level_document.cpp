@@ -1,6 +1,8 @@
 #include "level_document.h"
 
 #include "area_painter.h"
+#include "block_copy.h"
+#include "block_painter.h"
 #include "cell_edit.h"
 #include "cell_region.h"
 #include "replace_level.h"
@@ -11,6 +13,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 
 namespace {
 QString absolutePath(const QString& path) {
@@ -192,6 +195,40 @@ void LevelDocument::fillRegion(const CellRegion& region, int tool, QPoint cell) 
                static_cast<std::size_t>(region.count()) + edge);
     listenToCanvases();
     cellsDrawn(touched);
+    tellChangedCells();
+}
+
+LevelBlock LevelDocument::copyBlock(const QRect& cells) const {
+    return ::copyBlock(currentLevel, cells);
+}
+
+void LevelDocument::clearCells(const QRect& cells) {
+    BlockPainter blocks(currentLevel, renderer.sprites(), renderer.tools());
+    const QRect area = cells & cellsInsideFrame(currentLevel);
+    if (area.isEmpty()) return;
+    recordBlockEdit(
+        static_cast<std::size_t>(area.width()) * static_cast<std::size_t>(area.height()),
+        [&] { return blocks.clear(cells); });
+}
+
+void LevelDocument::placeBlock(const LevelBlock& block, QPoint at) {
+    BlockPainter blocks(currentLevel, renderer.sprites(), renderer.tools());
+    recordBlockEdit(block.codes.size(), [&] { return blocks.place(block, at); });
+}
+
+// Thousands of cells are told as one rectangle, not one by one.
+void LevelDocument::recordBlockEdit(std::size_t cells, const std::function<QRect()>& write) {
+    renderer.map().setChangeListener({});
+    renderer.minimap().setChangeListener({});
+    QRect touched;
+    // Besides the cells, the walls round them and the old hero's cell.
+    const auto side = static_cast<std::size_t>(std::sqrt(static_cast<double>(cells)));
+    const std::optional<QPoint> oldHero = currentLevel.hero();
+    recordEdit([&] { touched = write(); }, cells + 4 * side + 8);
+    listenToCanvases();
+    // The old hero's cell, which a block with a hero turns to floor, may lie anywhere.
+    if (!touched.isEmpty()) cellsDrawn(touched);
+    if (!touched.isEmpty() && oldHero) cellsDrawn(QRect(*oldHero, QSize(1, 1)));
     tellChangedCells();
 }
 

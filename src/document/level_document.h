@@ -1,6 +1,7 @@
 #pragma once
 
 #include "level.h"
+#include "level_block.h"
 #include "level_file.h"
 #include "level_history.h"
 #include "level_renderer.h"
@@ -94,6 +95,14 @@ class LevelDocument : public QObject {
     // The cells connected to `cell` that hold the same thing (any wall piece counting as one)
     // take the tool; a room or the hero is laid at `cell` alone, as a click lays it.
     void floodFill(QPoint cell, int tool);
+    // Blocks, for copy, cut, delete and paste. The codes of these cells as they are (no edit).
+    LevelBlock copyBlock(const QRect& cells) const;
+    // Floor in these cells inside the frame, the walls round them re-joined: one step. Cut is
+    // a copy, then this.
+    void clearCells(const QRect& cells);
+    // Lays a block with its top-left cell at `at`, cut at the frame, as one step: its codes
+    // kept, the walls on its edge and round it re-joined, a hero in it the level's one hero.
+    void placeBlock(const LevelBlock& block, QPoint at);
     // Take back the last step and do it again: the level, its canvases and its hero come back
     // exactly; the wall generator goes on where it was.
     void undo();
@@ -133,6 +142,8 @@ class LevelDocument : public QObject {
     // Runs `write`, recording its writes as one step.
     void recordEdit(const std::function<void()>& write, std::size_t expectedWrites = 0);
     void fillRegion(const CellRegion& region, int tool, QPoint cell);
+    // Records a block edit of about `cells` cells, told as the rectangle it returns.
+    void recordBlockEdit(std::size_t cells, const std::function<QRect()>& write);
     void showKeptLevel(const ShownLevel& shown);
     void stepThroughHistory(bool (LevelHistory::*step)());
     void listenToCanvases();

@@ -21,11 +21,9 @@ bool isInsideFrame(const Level& level, int x, int y) {
     return x >= 2 && y >= 2 && x < level.width() - 2 && y < level.height() - 2;
 }
 
-namespace {
-QRect insideFrame(const Level& level) {
+QRect cellsInsideFrame(const Level& level) {
     return QRect(QPoint(2, 2), QPoint(level.width() - 3, level.height() - 3));
 }
-}  // namespace
 
 QRect cellsBetween(QPoint corner, QPoint otherCorner) {
     return {QPoint(std::min(corner.x(), otherCorner.x()), std::min(corner.y(), otherCorner.y())),
@@ -33,7 +31,7 @@ QRect cellsBetween(QPoint corner, QPoint otherCorner) {
 }
 
 CellRegion rectangleRegion(const Level& level, QPoint corner, QPoint otherCorner) {
-    const QRect cells = cellsBetween(corner, otherCorner) & insideFrame(level);
+    const QRect cells = cellsBetween(corner, otherCorner) & cellsInsideFrame(level);
     CellRegion region(cells);
     for (int y = cells.top(); y <= cells.bottom(); ++y) {
         for (int x = cells.left(); x <= cells.right(); ++x) region.add(x, y);
@@ -45,7 +43,7 @@ CellRegion rectangleRegion(const Level& level, QPoint corner, QPoint otherCorner
 // are searched for runs to visit next. No recursion, so a level of a million cells is safe.
 CellRegion floodRegion(const Level& level, QPoint start) {
     if (!isInsideFrame(level, start.x(), start.y())) return {};
-    const QRect frame = insideFrame(level);
+    const QRect frame = cellsInsideFrame(level);
     CellRegion region(frame);
     const int startCode = level.cell(start.x(), start.y());
     const auto matches = [&](int x, int y) {

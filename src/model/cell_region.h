@@ -45,6 +45,8 @@ class CellRegion {
 
 // Columns 2..W-3 and rows 2..H-3: the inside of the wall frame, where the mouse paints.
 bool isInsideFrame(const Level& level, int x, int y);
+// Those cells as a rectangle (empty when the level is too small to have any).
+QRect cellsInsideFrame(const Level& level);
 
 // The cells of the rectangle with these two corner cells, whichever way round (QRect::normalized
 // would drop the corners' own rows and columns when the second lies left of or above the first).

@@ -13,6 +13,7 @@ inline const QString SaveTitle = QStringLiteral("Uložit přes starý");
 inline const QString NoHero = QString::fromUtf8(NoHeroMessage);
 inline const QString NoHeroTitle = QStringLiteral("Pozor");
 inline const QString BadSizeTitle = QStringLiteral("Pozor");
+inline const QString PasteTitle = QStringLiteral("Pozor");
 inline const QString OpenQuestion =
     QStringLiteral("Chcete otevřít předcházející level, a tím o tento přijít?");
 inline const QString OpenTitle = QStringLiteral("Otevřít starý");

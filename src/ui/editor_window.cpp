@@ -1,5 +1,7 @@
 #include "editor_window.h"
 
+#include "block_clipboard.h"
+#include "block_picture.h"
 #include "dialogs.h"
 #include "editor_look.h"
 #include "editor_texts.h"
@@ -14,6 +16,7 @@
 #include "recent_files.h"
 #include "tile_codes.h"
 #include "tool_strip.h"
+#include "zoomed_tiles.h"
 
 #include <QAction>
 #include <QApplication>
@@ -78,6 +81,7 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     connect(minimapView, &MinimapView::mapPointDragged, mapViewport, &MapViewport::minimapDragged);
     connect(minimapView, &MouseSurface::released, mapViewport, &MapViewport::mapReleased);
     connect(mapViewport, &MapViewport::viewMoved, this, &EditorWindow::updateMinimapViewFrame);
+    connect(mapViewport, &MapViewport::selectionChanged, minimapView, &MinimapView::showSelection);
     connect(&document, &LevelDocument::cellsChanged, minimapView, &MinimapView::showChangedCells);
     connect(&document, &LevelDocument::levelFileWarning, this,
             [this](const QString& warning) { this->dialogs.error(warning); });
@@ -123,7 +127,13 @@ void EditorWindow::addKeys() {
     addKey({QKeySequence(Qt::CTRL | Qt::Key_9)}, [this] { mapViewport->zoomToWholeLevel(); });
     // Shift is usually still held while a rectangle is dragged.
     addKey({QKeySequence(Qt::Key_Escape), QKeySequence(Qt::SHIFT | Qt::Key_Escape)},
-           [this] { mapViewport->cancelRectangle(); });
+           [this] { mapViewport->cancel(); });
+    addKey(QKeySequence::keyBindings(QKeySequence::SelectAll),
+           [this] { mapViewport->selectAll(); });
+    addKey(QKeySequence::keyBindings(QKeySequence::Copy), &EditorWindow::copySelection);
+    addKey(QKeySequence::keyBindings(QKeySequence::Cut), &EditorWindow::cutSelection);
+    addKey({QKeySequence(Qt::Key_Delete)}, &EditorWindow::deleteSelection);
+    addKey(QKeySequence::keyBindings(QKeySequence::Paste), &EditorWindow::pasteBlock);
 }
 
 EditorWindow::~EditorWindow() {
@@ -219,6 +229,40 @@ void EditorWindow::showLevelFile() {
                        ? Title
                        : Title + QStringLiteral(" — ") + shownFileName(QFileInfo(file).fileName()));
     if (recentFiles) recentFiles->add(file);
+}
+
+void EditorWindow::copySelection() {
+    if (const auto cells = mapViewport->selection()) keepCopiedBlock(document.copyBlock(*cells));
+}
+
+void EditorWindow::cutSelection() {
+    const auto cells = mapViewport->selection();
+    if (!cells) return;
+    keepCopiedBlock(document.copyBlock(*cells));
+    document.clearCells(*cells);
+}
+
+void EditorWindow::deleteSelection() {
+    if (const auto cells = mapViewport->selection()) document.clearCells(*cells);
+}
+
+void EditorWindow::pasteBlock() {
+    if (const auto block = blockToPaste()) mapViewport->carryBlock(*block);
+}
+
+// A copied block goes to the system clipboard, for this window, another editor and other
+// programs: its text and its picture as the map shows it.
+void EditorWindow::keepCopiedBlock(const LevelBlock& block) {
+    ZoomedTiles tiles(document.sheet());
+    BlockClipboard().put(block, blockPicture(block, document.sheet(), tiles));
+}
+
+// The block on the clipboard; anything else is told once and pastes nothing.
+std::optional<LevelBlock> EditorWindow::blockToPaste() {
+    BlockFromClipboard found = BlockClipboard().take();
+    if (found.isBlock()) return std::move(found.block);
+    dialogs.warning(found.message(), EditorTexts::PasteTitle);
+    return std::nullopt;
 }
 
 void EditorWindow::showHelp() {

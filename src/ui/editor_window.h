@@ -1,5 +1,6 @@
 #pragma once
 
+#include "level_block.h"
 #include "level_snapshot.h"
 
 #include <QWidget>
@@ -39,6 +40,16 @@ class EditorWindow : public QWidget {
     int selectedTool() const { return tool; }
     // Where the level files worked on are remembered and offered; none by default.
     void setRecentFiles(RecentFiles* files) { recentFiles = files; }
+
+    // Blocks: copy, cut and delete act on the map's selection, paste picks up the block to
+    // carry over the map. The one place a copied block goes, and the one place paste takes
+    // it from: this window's own copy.
+    void copySelection();
+    void cutSelection();
+    void deleteSelection();
+    void pasteBlock();
+    void keepCopiedBlock(const LevelBlock& block);
+    std::optional<LevelBlock> blockToPaste();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

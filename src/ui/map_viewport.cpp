@@ -1,5 +1,6 @@
 #include "map_viewport.h"
 
+#include "block_preview.h"
 #include "cell_region.h"
 #include "editor_look.h"
 #include "editor_texts.h"
@@ -10,6 +11,7 @@
 #include "outline_shape.h"
 #include "tools.h"
 
+#include <QCursor>
 #include <QLabel>
 #include <QWheelEvent>
 
@@ -40,6 +42,16 @@ MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     rectangleOutline =
         new OutlineShape(mapSurface, QColor(255, 255, 0), QStringLiteral("rectangleOutline"));
     rectangleOutline->hide();
+    selectionOutline =
+        new OutlineShape(mapSurface, QColor(255, 255, 255), QStringLiteral("selectionOutline"));
+    selectionOutline->setDashed(true);
+    selectionOutline->hide();
+    blockPreview = new BlockPreview(mapSurface, document.sheet());
+    // A new or opened level, or one that undo brings back, may be of another size.
+    connect(&document, &LevelDocument::levelReplaced, this, [this] {
+        clearSelection();
+        dropBlock();
+    });
     // The loading label lies on the viewport itself, under the map: seen only while the map
     // is hidden for a redraw.
     loadingLabel = new QLabel(EditorTexts::Loading, client);
@@ -80,6 +92,8 @@ void MapViewport::fitMapToLevel() {
     mapSurface->setZoomStep(zoomStep);
     setTool(tool);
     mapSurface->setPlacement(levelMapAt(0, 0));
+    showSelection();
+    if (carriesBlock()) blockPreview->showAt(carriedCell, zoomStep);
 }
 
 // The whole level's map at the current zoom step, its top-left corner at (left, top).
@@ -114,6 +128,8 @@ void MapViewport::zoomTo(int step, QPointF anchor) {
     };
     mapSurface->setPlacement(levelMapAt(keep(map.left, anchor.x()), keep(map.top, anchor.y())));
     cancelRectangle();
+    showSelection();
+    if (carriesBlock()) blockPreview->showAt(carriedCell, zoomStep);
     setTool(tool);
     Placement outline = cursorOutline->placement();
     outline.left = outline.left / before * now;
@@ -162,14 +178,26 @@ void MapViewport::showMap() {
 
 void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position,
                              Qt::KeyboardModifiers modifiers) {
-    if (button == Qt::RightButton) {
-        mapGrabPoint = QPointF(static_cast<float>(position.x()), static_cast<float>(position.y()));
-        return;
-    }
-    if (button != Qt::LeftButton) return;
     const auto x = static_cast<float>(position.x());
     const auto y = static_cast<float>(position.y());
     const QPoint cell(cellUnder(x, tileSize()), cellUnder(y, tileSize()));
+    if (button == Qt::RightButton) {
+        mapGrabPoint = QPointF(static_cast<float>(position.x()), static_cast<float>(position.y()));
+        selecting = (modifiers & Qt::ShiftModifier) != 0;
+        if (selecting) {
+            selectionCorner = cell;
+            selectTo(x, y);
+        }
+        return;
+    }
+    if (button != Qt::LeftButton) return;
+    if (carriesBlock()) {
+        leftDrag = LeftDrag::Ignored;
+        document.placeBlock(blockPreview->block(), carriedCell);
+        lastPaintedCell.reset();
+        return dropBlock();
+    }
+    if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier))) clearSelection();
     if (modifiers & Qt::ControlModifier) {
         leftDrag = LeftDrag::Ignored;
         document.floodFill(cell, tool);
@@ -187,6 +215,7 @@ void MapViewport::mapPressed(Qt::MouseButtons button, QPointF position,
 }
 
 void MapViewport::mapReleased(Qt::MouseButtons button) {
+    if (button == Qt::RightButton) selecting = false;
     if (button != Qt::LeftButton) return;
     if (leftDrag == LeftDrag::Stroke) document.endStroke();
     if (leftDrag == LeftDrag::Rectangle) {
@@ -206,7 +235,9 @@ void MapViewport::cancelRectangle() {
 void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
     const auto x = static_cast<float>(position.x());
     const auto y = static_cast<float>(position.y());
-    if (buttons == Qt::RightButton) {
+    if (buttons == Qt::RightButton && selecting) {
+        selectTo(x, y);
+    } else if (buttons == Qt::RightButton) {
         const Placement map = mapSurface->placement();
         moveMap(map.left + x - static_cast<float>(mapGrabPoint.x()),
                 map.top + y - static_cast<float>(mapGrabPoint.y()));
@@ -217,6 +248,7 @@ void MapViewport::mapMoved(Qt::MouseButtons buttons, QPointF position) {
         // Outside the frame's inside a stroke paints nothing and the outline stays put.
         if (!paintAt(x, y)) return;
     }
+    if (carriesBlock()) carryTo(x, y, buttons != Qt::RightButton);
     moveOutline(x, y);
 }
 
@@ -251,7 +283,11 @@ void MapViewport::scrollTowards(float x, float y) {
 }
 
 void MapViewport::minimapPressed(Qt::MouseButtons button, QPointF mapPoint) {
-    mapPressed(button, zoomed(mapPoint));
+    const QPointF point = zoomed(mapPoint);
+    // A carried block is laid where the minimap was pressed.
+    if (carriesBlock() && button == Qt::LeftButton)
+        carryTo(static_cast<float>(point.x()), static_cast<float>(point.y()), false);
+    mapPressed(button, point);
 }
 
 void MapViewport::minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint) {
@@ -296,4 +332,73 @@ void MapViewport::moveOutline(float x, float y) {
     outline.left = static_cast<float>(cellUnder(x, tileSize()) * tileSize());
     outline.top = static_cast<float>(cellUnder(y, tileSize()) * tileSize());
     cursorOutline->setPlacement(outline);
+}
+
+void MapViewport::cancel() {
+    if (carriesBlock()) return dropBlock();
+    if (leftDrag == LeftDrag::Rectangle) return cancelRectangle();
+    clearSelection();
+}
+
+// The selection is never empty: cells outside the frame's inside are left out, and a drag
+// over none of them selects nothing.
+void MapViewport::selectTo(float x, float y) {
+    const QPoint cell(cellUnder(x, tileSize()), cellUnder(y, tileSize()));
+    const QRect cells = cellsBetween(selectionCorner, cell) & cellsInsideFrame(document.level());
+    select(cells.isEmpty() ? std::nullopt : std::optional(cells));
+}
+
+void MapViewport::selectAll() {
+    const QRect cells = cellsInsideFrame(document.level());
+    select(cells.isEmpty() ? std::nullopt : std::optional(cells));
+}
+
+void MapViewport::clearSelection() {
+    select(std::nullopt);
+}
+
+void MapViewport::select(std::optional<QRect> cells) {
+    if (cells == selected) return;
+    selected = cells;
+    showSelection();
+    emit selectionChanged(selected);
+}
+
+void MapViewport::showSelection() {
+    selectionOutline->setVisible(selected.has_value());
+    if (!selected) return;
+    const QRect pixels = MapCanvas::pixelsOf(*selected, tileSize());
+    selectionOutline->setPlacement(
+        {float(pixels.x()), float(pixels.y()), float(pixels.width()), float(pixels.height())});
+    selectionOutline->raise();
+}
+
+void MapViewport::carryBlock(const LevelBlock& block) {
+    if (block.isEmpty()) return;
+    cancelRectangle();
+    blockPreview->setBlock(block);
+    const QPointF pointer = mapSurface->mapFromGlobal(QCursor::pos());
+    carriedCell = QPoint(cellUnder(static_cast<float>(pointer.x()), tileSize()),
+                         cellUnder(static_cast<float>(pointer.y()), tileSize()));
+    blockPreview->showAt(carriedCell, zoomStep);
+    blockPreview->show();
+    blockPreview->raise();
+}
+
+bool MapViewport::carriesBlock() const {
+    return !blockPreview->block().isEmpty();
+}
+
+void MapViewport::dropBlock() {
+    blockPreview->hide();
+    blockPreview->setBlock({});
+}
+
+// A new cell scrolls the map at the edges, as painting one does.
+void MapViewport::carryTo(float x, float y, bool scroll) {
+    const QPoint cell(cellUnder(x, tileSize()), cellUnder(y, tileSize()));
+    if (cell == carriedCell) return;
+    carriedCell = cell;
+    blockPreview->showAt(cell, zoomStep);
+    if (scroll) scrollTowards(x, y);
 }

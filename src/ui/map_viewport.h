@@ -1,13 +1,16 @@
 #pragma once
 
+#include "level_block.h"
 #include "placement.h"
 #include "zoomed_tiles.h"
 
 #include <QFrame>
 #include <QPoint>
+#include <QRect>
 
 #include <optional>
 
+class BlockPreview;
 class LevelDocument;
 class MapSurface;
 class OutlineShape;
@@ -59,12 +62,28 @@ class MapViewport : public QFrame {
     void mapReleased(Qt::MouseButtons button);
     // Esc: a rectangle being dragged is dropped unfilled.
     void cancelRectangle();
+    // Esc as a whole: a carried block is dropped, else a rectangle being dragged, else the
+    // selection is cleared.
+    void cancel();
+
+    // Shift with the right button drags a selection over the cells inside the frame, as a
+    // dashed outline; a plain left click clears it. Selecting changes no cell and is no step.
+    std::optional<QRect> selection() const { return selected; }
+    void selectAll();
+    void clearSelection();
+    // A block picked up follows the pointer cell by cell, its top-left cell under it, and the
+    // map scrolls at the edges as while painting; a left click lays it there.
+    void carryBlock(const LevelBlock& block);
+    bool carriesBlock() const;
+    void dropBlock();
     void minimapPressed(Qt::MouseButtons button, QPointF mapPoint);
     void minimapDragged(Qt::MouseButtons buttons, QPointF mapPoint);
 
   signals:
     // The map moved inside the viewport, or the viewport changed its size.
     void viewMoved();
+    // The selected cells, or none.
+    void selectionChanged(std::optional<QRect> cells);
 
   protected:
     // The wheel moves the map a cell a notch, down and up, or sideways with Shift, never past
@@ -77,6 +96,10 @@ class MapViewport : public QFrame {
     bool paintAt(float x, float y);  // false outside the frame's inside
     void dragRectangleTo(float x, float y);
     void scrollTowards(float x, float y);
+    void selectTo(float x, float y);
+    void select(std::optional<QRect> cells);
+    void showSelection();
+    void carryTo(float x, float y, bool scroll);
     int widestZoomStep() const;
     Placement levelMapAt(float left, float top) const;
     QPointF zoomed(QPointF fullSizePoint) const;
@@ -88,6 +111,8 @@ class MapViewport : public QFrame {
     MapSurface* mapSurface;
     OutlineShape* cursorOutline;
     OutlineShape* rectangleOutline;
+    OutlineShape* selectionOutline;
+    BlockPreview* blockPreview;
     QLabel* loadingLabel;
     int tool = 0;
     int zoomStep = 0;
@@ -99,4 +124,8 @@ class MapViewport : public QFrame {
     LeftDrag leftDrag = LeftDrag::None;
     QPoint rectangleCorner;  // the press cell of a rectangle
     QPoint rectangleEnd;     // the cell under the pointer
+    std::optional<QRect> selected;
+    bool selecting = false;  // the right button drags a selection, not the map
+    QPoint selectionCorner;  // its press cell
+    QPoint carriedCell;      // where a carried block's top-left cell is
 };

@@ -8,6 +8,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 constexpr float ThinnestViewFrame = 5;
 // A full-size minimap coordinate as the map coordinate it stands for.
@@ -22,6 +24,10 @@ MinimapView::MinimapView(QWidget* parent, const MinimapCanvas& canvas)
     setAttribute(Qt::WA_OpaquePaintEvent);
     viewFrame = new OutlineShape(this, QColor(255, 0, 0), QStringLiteral("minimapViewFrame"));
     viewFrame->setPlacement({48, 16, 32.8f, 32.8f});
+    selectionFrame =
+        new OutlineShape(this, QColor(255, 255, 255), QStringLiteral("minimapSelectionFrame"));
+    selectionFrame->setDashed(true);
+    selectionFrame->hide();
     connect(this, &MouseSurface::pressed, this, &MinimapView::minimapPressed);
     connect(this, &MouseSurface::moved, this, &MinimapView::minimapMoved);
 }
@@ -48,6 +54,21 @@ void MinimapView::deferUpdates(bool defer) {
 void MinimapView::setScale(MinimapScale scale) {
     shown = scale;
     allStale = true;
+    showSelection(selected);
+}
+
+void MinimapView::showSelection(std::optional<QRect> cells) {
+    selected = cells;
+    selectionFrame->setVisible(cells.has_value());
+    if (!cells) return;
+    const QRect dots = MinimapCanvas::pixelsOf(*cells);
+    const auto across = [&](int at) { return shown.across.toShown(static_cast<float>(at)); };
+    const auto down = [&](int at) { return shown.down.toShown(static_cast<float>(at)); };
+    const float left = across(dots.left());
+    const float top = down(dots.top());
+    // At least a pixel and the frame's two edges a side, however far the minimap is shrunk.
+    selectionFrame->setPlacement({left, top, std::max(across(dots.right() + 1) - left, 2.0f),
+                                  std::max(down(dots.bottom() + 1) - top, 2.0f)});
 }
 
 QSizeF MinimapView::shownSize(int columns, int rows) const {

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QRegion>
 
+#include <optional>
+
 class OutlineShape;
 struct Placement;
 
@@ -27,6 +29,8 @@ class MinimapView : public MouseSurface {
     QSizeF shownSize(int columns, int rows) const;
     // Where the frame lies on the full-size minimap; it is shown at the minimap's scale.
     void showViewFrame(const Placement& frame);
+    // The map's selected cells as an outline, or none.
+    void showSelection(std::optional<QRect> cells);
 
   signals:
     void mapPointPressed(Qt::MouseButtons button, QPointF mapPoint);
@@ -42,6 +46,8 @@ class MinimapView : public MouseSurface {
 
     const MinimapCanvas& canvas;
     OutlineShape* viewFrame;
+    OutlineShape* selectionFrame;
+    std::optional<QRect> selected;
     MinimapScale shown;
     bool deferred = false;
     // A shrunk minimap is kept as shown; only the pixels of changed dots are blended again.

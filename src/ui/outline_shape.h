@@ -15,6 +15,8 @@ class OutlineShape : public QWidget {
     void setPlacement(const Placement& next) { placeWidget(this, place, next); }
     // An invalid colour draws no inner outline.
     void setInnerColour(QColor inner);
+    // Dashed: the outline alternates its colour with black every few pixels.
+    void setDashed(bool dashed);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -22,5 +24,6 @@ class OutlineShape : public QWidget {
   private:
     QColor colour;
     QColor innerColour;
+    bool dashes = false;
     Placement place;
 };

@@ -1,4 +1,5 @@
 #include "frame_prediction.h"
+#include "level_document.h"
 #include "x11_session.h"
 
 #include <QFile>
@@ -403,6 +404,60 @@ class EndToEndTest : public QObject {
         QCOMPARE(saved.size(), header.size() + 314 * 316);
         QCOMPARE(saved.count(char(48 + 135)), 1);
         QCOMPARE(saved.indexOf(char(48 + 135)), header.size() + (7 + 5) * 316 + 7 + 4);
+    }
+
+    // A T of walls selected with Shift and the right button, copied, carried to (10, 10) and
+    // laid with a click; the selection cut, another one deleted; saved, and after each Ctrl+Z
+    // saved again. Each file is what the level document makes of the same edits.
+    void blocksInTheRealProgram() {
+        prepareFolder(folder->path(), levelFile(heroOnly));
+        QVERIFY(openEditor());  // the wall tool is selected
+        const QPoint client = x->clientOrigin();
+        const auto at = [&](QPoint place) {
+            return QStringList{"mousemove", "--sync", QString::number(client.x() + place.x()),
+                               QString::number(client.y() + place.y())};
+        };
+        const auto select = [&](QPoint from, QPoint to) {
+            x->xdotool(QStringList{"keydown", "shift"} + at(from) + QStringList{"mousedown", "3"} +
+                       at(to) + QStringList{"mouseup", "3", "keyup", "shift"});
+        };
+        clickInWindow({cell(4, 4), cell(5, 4), cell(6, 4), cell(5, 5)});
+        select(cell(4, 4), cell(6, 5));
+        x->key("ctrl+c");
+        x->key("ctrl+v");
+        clickInWindow({cell(10, 10)});
+        x->key("ctrl+x");
+        select(cell(10, 10), cell(11, 10));
+        x->key("Delete");
+
+        // The same edits on the model, from the same file, with the same walls drawn.
+        QTemporaryDir modelFolder;
+        LevelDocument model{QDir(modelFolder.path())};
+        QFile file(model.levelFile());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(levelFile(heroOnly)) > 0);
+        file.close();
+        QVERIFY(model.open().ok());
+        for (const QPoint wall : {QPoint(4, 4), QPoint(5, 4), QPoint(6, 4), QPoint(5, 5)})
+            model.applyTool(wall.x(), wall.y(), 1);
+        model.placeBlock(model.copyBlock(QRect(4, 4, 3, 2)), QPoint(10, 10));
+        model.clearCells(QRect(4, 4, 3, 2));
+        model.clearCells(QRect(10, 10, 2, 1));
+        // What the deletion left of the laid T: two walls standing alone.
+        QVERIFY(model.level().cell(12, 10) == 14 && model.level().cell(11, 11) == 14);
+
+        QVERIFY(save());
+        const QByteArray edited = waitForFile(level(), levelFile(heroOnly));
+        QCOMPARE(edited, encodeLevelFile(model.level()));
+        // The box gone, a click on the mouse hint gives the window the keyboard back; three
+        // Ctrl+Z take back the delete, the cut and the paste, the painted T is saved.
+        clickInWindow({QPoint(100, 8)});
+        for (int step = 0; step < 3; ++step) {
+            x->key("ctrl+z");
+            model.undo();
+        }
+        QVERIFY(save());
+        QCOMPARE(waitForFile(level(), edited), encodeLevelFile(model.level()));
+        QCOMPARE(model.level().cell(5, 5), 16);  // back to the painted T
     }
 };
 

@@ -1,0 +1,82 @@
+#include "block_preview.h"
+
+#include "map_canvas.h"
+#include "sprite_sheet.h"
+#include "tile_codes.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace {
+// The largest block kept composed: 16 megabytes of pixels.
+constexpr qint64 ComposedPixels = qint64(4) << 20;
+constexpr qreal Transparency = 0.5;
+}  // namespace
+
+BlockPreview::BlockPreview(QWidget* map, const SpriteSheet& sheet) : QWidget(map), sheet(sheet) {
+    setObjectName(QStringLiteral("blockPreview"));
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+}
+
+void BlockPreview::setBlock(LevelBlock shown) {
+    carried = std::move(shown);
+    composed = QImage();
+    update();
+}
+
+void BlockPreview::showAt(QPoint cell, int step) {
+    if (step != zoomStep) composed = QImage();
+    zoomStep = step;
+    tile = tileSizeAt(step);
+    setGeometry(cell.x() * tile, cell.y() * tile, carried.width * tile, carried.height * tile);
+}
+
+// The cells of the block within `area` (pixels of the block), as the map draws them.
+void BlockPreview::paintCells(QPainter& painter, const QRect& area) const {
+    const int firstColumn = std::max(area.left() / tile, 0);
+    const int lastColumn = std::min(area.right() / tile, carried.width - 1);
+    const int firstRow = std::max(area.top() / tile, 0);
+    const int lastRow = std::min(area.bottom() / tile, carried.height - 1);
+    const bool full = zoomStep == 0;
+    const QImage& tiles = full ? sheet.image() : zoomedTiles.at(zoomStep);
+    const QSize picture =
+        full ? sheet.cellSize().boundedTo(QSize(TileSize, TileSize)) : QSize(tile, tile);
+    for (int y = firstRow; y <= lastRow; ++y)
+        for (int x = firstColumn; x <= lastColumn; ++x) {
+            const int code = carried.at(x, y);
+            const QRect target(x * tile, y * tile, tile, tile);
+            if (!hasPicture(code)) continue;
+            if (full && picture != QSize(TileSize, TileSize))
+                painter.fillRect(target, QColor(MapBackground));
+            const QPoint source =
+                full ? sheet.cellRect(code).topLeft()
+                     : QPoint(code % SheetColumns * tile, code / SheetColumns * tile);
+            painter.drawImage(QRect(target.topLeft(), picture), tiles, QRect(source, picture));
+        }
+}
+
+void BlockPreview::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QRect exposed = event->rect();
+    painter.setOpacity(Transparency);
+    if (qint64(width()) * height() <= ComposedPixels) {
+        if (composed.size() != size()) {
+            composed = QImage(size(), QImage::Format_ARGB32_Premultiplied);
+            composed.fill(Qt::transparent);
+            QPainter into(&composed);
+            paintCells(into, composed.rect());
+        }
+        painter.drawImage(exposed, composed, exposed);
+    } else {
+        painter.setClipRect(exposed);
+        paintCells(painter, exposed);
+    }
+    painter.setOpacity(1);
+    const QRect r = rect();
+    const QColor colour(255, 255, 0);
+    for (const QRect& edge :
+         {QRect(r.left(), r.top(), r.width(), 1), QRect(r.left(), r.bottom(), r.width(), 1),
+          QRect(r.left(), r.top(), 1, r.height()), QRect(r.right(), r.top(), 1, r.height())})
+        painter.fillRect(edge, colour);
+}
