@@ -4,6 +4,8 @@
 #include "file_names.h"
 #include "level_document.h"
 #include "message_box_dialogs.h"
+#include "recovery_keeper.h"
+#include "recovery_store.h"
 
 #include <QApplication>
 #include <QDir>
@@ -57,8 +59,13 @@ int main(int argc, char** argv) {
     setUpApplication();
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);
+    // Unsaved work survives a crash in a copy under the user's state folder.
+    RecoveryKeeper keeper(document, RecoveryStore::folderFor(qEnvironmentVariable("XDG_STATE_HOME"),
+                                                             userHomeFolder()));
+    keeper.setLevelFile(launch.levelFile);
     EditorWindow window(document, dialogs);
     dialogs.setParent(&window);
-    window.startUp();
+    window.keepRecoveryCopies(keeper);
+    if (!window.startUp()) return 0;
     return QApplication::exec();
 }

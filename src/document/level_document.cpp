@@ -47,7 +47,12 @@ LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
     return result;
 }
 
-void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& shownBefore) {
+void LevelDocument::restoreLevel(Level kept, const LevelView& shownBefore) {
+    replaceLevel(std::move(kept), shownBefore, false);
+}
+
+void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
+                                 bool frameAnew) {
     finishStroke();
     std::optional<LevelSnapshot> before;
     if (shownBefore) before.emplace(currentLevel, renderer);
@@ -55,7 +60,7 @@ void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& sho
     renderer.sprites().forgetShownGrid();
     emit redrawStarting();
     const bool painted = renderer.repaintGrid();
-    if (painted) renderer.drawFrame(WallToolCode);
+    if (painted && frameAnew) renderer.drawFrame(WallToolCode);
     // A new or opened level is shown from its top-left corner.
     const LevelView shownNow{};
     if (before) {
@@ -65,7 +70,7 @@ void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& sho
             ShownLevel{std::move(*before), *shownBefore}, shownNow));
     }
     tellChangedCells();
-    emit levelReplaced(shownNow, painted, painted);
+    emit levelReplaced(shownNow, painted, painted && frameAnew);
 }
 
 LevelWriteResult LevelDocument::save() const {

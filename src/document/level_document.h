@@ -58,6 +58,9 @@ class LevelDocument : public QObject {
     void newLevel(int width, int height, std::optional<LevelView> shownBefore = std::nullopt);
     // Open reads the level file; a refused file leaves the level as it was.
     [[nodiscard]] LevelReadResult open(std::optional<LevelView> shownBefore = std::nullopt);
+    // A level kept elsewhere (a recovery copy) replaces this one as Open's would, one step of
+    // the history, but exactly as kept: its frame is not drawn anew.
+    void restoreLevel(Level kept, const LevelView& shownBefore);
     // Writes the level file; a failed write leaves the old file as it was.
     [[nodiscard]] LevelWriteResult save() const;
 
@@ -101,7 +104,8 @@ class LevelDocument : public QObject {
 
   private:
     // The level that New or Open brings, redrawn and recorded.
-    void replaceLevel(Level next, const std::optional<LevelView>& shownBefore);
+    void replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
+                      bool frameAnew = true);
     void finishStroke();
     // A record of cell writes about to start, and `write` run with its writes logged there.
     CellEditRecord newRecord() const;

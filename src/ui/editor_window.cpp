@@ -10,6 +10,8 @@
 #include "map_viewport.h"
 #include "minimap_canvas.h"
 #include "minimap_view.h"
+#include "recovery_keeper.h"
+#include "recovery_prompts.h"
 #include "tile_codes.h"
 #include "tool_strip.h"
 
@@ -119,13 +121,20 @@ EditorWindow::~EditorWindow() {
     showBusy(false);
 }
 
-void EditorWindow::startUp() {
+bool EditorWindow::startUp() {
     selectTool(WallToolCode);
     if (!document.loadSpriteSheet())
         dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
     show();
     loadLevel(std::nullopt);
     showHelp();
+    return !recovery || recovery->askAtStartUp(shownView());
+}
+
+void EditorWindow::keepRecoveryCopies(RecoveryKeeper& keeper) {
+    recovery = std::make_unique<RecoveryPrompts>(document, keeper, dialogs);
+    connect(&keeper, &RecoveryKeeper::copyFailed, this,
+            [this](const QString& reason) { recovery->tellCopyFailed(reason); });
 }
 
 // At start-up the replaced level is no step of the history.
@@ -155,8 +164,10 @@ void EditorWindow::saveLevel() {
         dialogs.warning(EditorTexts::NoHero, EditorTexts::NoHeroTitle);
         return;
     }
+    if (recovery && !recovery->mayWrite()) return;
     if (const LevelWriteResult written = document.save(); !written.ok())
-        dialogs.error(written.failure);
+        return dialogs.error(written.failure);
+    if (recovery) recovery->saved();
 }
 
 void EditorWindow::openLevel() {

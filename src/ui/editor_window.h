@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class Dialogs;
@@ -13,6 +14,8 @@ class MapViewport;
 class MinimapView;
 class QLabel;
 class QPushButton;
+class RecoveryKeeper;
+class RecoveryPrompts;
 class ToolStrip;
 
 // The editor's one window: the help button and the mouse hint along the top, the minimap,
@@ -25,8 +28,11 @@ class EditorWindow : public QWidget {
     EditorWindow(LevelDocument& document, Dialogs& dialogs);
     ~EditorWindow() override;
 
-    // Start-up: the wall tool, the sprite sheet, the window, the level, then the help box.
-    void startUp();
+    // Start-up: the wall tool, the sprite sheet, the window, the level, then the help box, and
+    // with recovery copies kept their questions. False when the user chose to end the editor.
+    bool startUp();
+    // Asks the questions of `keeper`'s copies and lock, at start-up and before Save.
+    void keepRecoveryCopies(RecoveryKeeper& keeper);
     void newLevel();
     void saveLevel();
     void openLevel();
@@ -61,4 +67,5 @@ class EditorWindow : public QWidget {
     QLabel* mouseHintLabel;
     int tool = 0;
     bool busy = false;
+    std::unique_ptr<RecoveryPrompts> recovery;
 };
