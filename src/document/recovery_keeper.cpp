@@ -94,20 +94,19 @@ std::optional<RecoveryKeeper::LeftBehind> RecoveryKeeper::leftBehind() const {
     return newest;
 }
 
-bool RecoveryKeeper::recover(const LeftBehind& copy, Level& level, QString& reason,
-                             QString& movedTo) {
-    if (RecoveryStore::readLevel(recoveryFolder, copy.base, copy.info, level, reason)) {
-        // Kept until this editor's own copy of the recovered level is written.
-        if (copy.base != ownBase()) {
-            copyNow();
-            const QString folder = recoveryFolder, base = copy.base;
-            writer.start([folder, base] { RecoveryStore::remove(folder, base); });
-        }
-        return true;
-    }
+bool RecoveryKeeper::read(const LeftBehind& copy, Level& level, QString& reason, QString& movedTo) {
+    if (RecoveryStore::readLevel(recoveryFolder, copy.base, copy.info, level, reason)) return true;
     movedTo = RecoveryStore::moveAside(recoveryFolder, copy.base, Damaged);
     if (movedTo.isEmpty()) RecoveryStore::remove(recoveryFolder, copy.base);
     return false;
+}
+
+void RecoveryKeeper::adopt(const LeftBehind& copy) {
+    copyNow();
+    // Another editor's copy goes once this one's is written; this editor's own is replaced.
+    if (copy.base == ownBase()) return;
+    writer.start(
+        [folder = recoveryFolder, base = copy.base] { RecoveryStore::remove(folder, base); });
 }
 
 void RecoveryKeeper::discard(const LeftBehind& copy) {

@@ -44,8 +44,11 @@ class RecoveryKeeper : public QObject {
     };
     std::optional<LeftBehind> leftBehind() const;
     // Reads a copy left behind into `level`. One that cannot be read is moved aside into
-    // damaged/ and false returned with the reason and where it went.
-    bool recover(const LeftBehind& copy, Level& level, QString& reason, QString& movedTo);
+    // damaged/ and false returned with the reason and where it went (empty: removed).
+    bool read(const LeftBehind& copy, Level& level, QString& reason, QString& movedTo);
+    // The level read from the copy is now the document's: this editor's own copy of it
+    // replaces the one left behind.
+    void adopt(const LeftBehind& copy);
     // The copy is not wanted: it goes to discarded/, removed after a week.
     void discard(const LeftBehind& copy);
 

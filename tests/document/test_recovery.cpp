@@ -139,7 +139,7 @@ class RecoveryTest : public QObject {
         QCOMPARE(left->info.processId, GoneProcess);
         Level recovered;
         QString reason, movedTo;
-        QVERIFY(!keeper.recover(*left, recovered, reason, movedTo));
+        QVERIFY(!keeper.read(*left, recovered, reason, movedTo));
         QCOMPARE(reason, "kopie je neúplná.");
         QVERIFY(movedTo.startsWith(state() + "/damaged/"));
         QVERIFY(QFile::exists(movedTo));
@@ -147,7 +147,7 @@ class RecoveryTest : public QObject {
 
         // A whole one is read back exactly, and a copy not wanted goes to discarded/.
         QCOMPARE(RecoveryStore::write(state(), key, level, info), QString());
-        QVERIFY(keeper.recover(*keeper.leftBehind(), recovered, reason, movedTo));
+        QVERIFY(keeper.read(*keeper.leftBehind(), recovered, reason, movedTo));
         QCOMPARE(encodeLevelFile(recovered), encodeLevelFile(level));
         QCOMPARE(recovered.hero(), QPoint(4, 4));
         keeper.discard(*keeper.leftBehind());
