@@ -115,7 +115,6 @@ const std::map<std::string, std::string> ReferenceOf = {
     {"BM_ReadLevelFile", "BM_PlainFileRead"},   {"BM_WriteLevelFile", "BM_PlainFileWrite"},
     {"BM_RedrawLevel", "BM_MemsetCells"},       {"BM_PaintVisibleMap", "BM_DrawScreenImage"},
     {"BM_PaintMinimap", "BM_DrawMinimapImage"}, {"BM_PaintZoomedMap", "BM_DrawScreenImage"},
-    {"BM_CopyGrid", "BM_CopyBytes"},            {"BM_PaintStrokeRecovered", "BM_PaintStroke"},
 };
 
 #define LEVEL_SIZES Arg(40)->Arg(256)->Arg(1000)->Unit(benchmark::kMicrosecond)

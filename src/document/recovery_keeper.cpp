@@ -6,6 +6,9 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <csignal>
 
@@ -16,6 +19,7 @@ bool processRunning(qint64 id) {
 const QString Discarded = QStringLiteral("discarded");
 const QString Damaged = QStringLiteral("damaged");
 constexpr int KeptDays = 7;
+constexpr int WriterNiceness = 10;
 }  // namespace
 
 RecoveryKeeper::RecoveryKeeper(LevelDocument& document, QString folder, QObject* parent)
@@ -145,6 +149,8 @@ void RecoveryKeeper::copyNow() {
     info.height = level->height();
     info.processId = QCoreApplication::applicationPid();
     writer.start([this, level, info, folder = recoveryFolder, base = ownBase()]() mutable {
+        // Painting goes first when the cores are busy: the copy can wait a moment.
+        ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), WriterNiceness);
         info.heroPlaced = containsHero(*level);
         const QString failure = RecoveryStore::write(folder, base, *level, info);
         if (!failure.isEmpty())
