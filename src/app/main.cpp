@@ -5,6 +5,8 @@
 #include "level_document.h"
 #include "message_box_dialogs.h"
 #include "recent_files.h"
+#include "recovery_keeper.h"
+#include "recovery_store.h"
 #include "start_up_reads.h"
 
 #include <QApplication>
@@ -69,10 +71,15 @@ int main(int argc, char** argv) {
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);
     document.useStartUpReads(std::move(reads));
+    // Unsaved work survives a crash in a copy under the user's state folder.
+    RecoveryKeeper keeper(document, RecoveryStore::folderFor(qEnvironmentVariable("XDG_STATE_HOME"),
+                                                             userHomeFolder()));
+    keeper.setLevelFile(launch.levelFile);
     EditorWindow window(document, dialogs);
     RecentFiles recentFiles;
     window.setRecentFiles(&recentFiles);
     dialogs.setParent(&window);
-    window.startUp();
+    window.keepRecoveryCopies(keeper);
+    if (!window.startUp()) return 0;
     return QApplication::exec();
 }

@@ -108,8 +108,12 @@ void LevelDocument::useWorkingFile(const WorkingFile& file) {
     if (changed) emit levelFileChanged(levelPath);
 }
 
+void LevelDocument::restoreLevel(Level kept, const LevelView& shownBefore) {
+    replaceLevel(std::move(kept), shownBefore, std::nullopt, false);
+}
+
 void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
-                                 std::optional<WorkingFile> fileBefore) {
+                                 std::optional<WorkingFile> fileBefore, bool frameAnew) {
     finishStroke();
     std::optional<LevelSnapshot> before;
     if (shownBefore) before.emplace(currentLevel, renderer);
@@ -117,7 +121,7 @@ void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& sho
     renderer.sprites().forgetShownGrid();
     emit redrawStarting();
     const bool painted = renderer.repaintGrid();
-    if (painted) renderer.drawFrame(WallToolCode);
+    if (painted && frameAnew) renderer.drawFrame(WallToolCode);
     // A new or opened level is shown from its top-left corner.
     const LevelView shownNow{};
     if (before) {
@@ -133,7 +137,7 @@ void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& sho
         steps.push(std::move(step));
     }
     tellChangedCells();
-    emit levelReplaced(shownNow, painted, painted);
+    emit levelReplaced(shownNow, painted, painted && frameAnew);
 }
 
 LevelWriteResult LevelDocument::save() const {

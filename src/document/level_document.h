@@ -66,6 +66,9 @@ class LevelDocument : public QObject {
     void newLevel(int width, int height, std::optional<LevelView> shownBefore = std::nullopt);
     // Open reads the level file; a refused file leaves the level as it was.
     [[nodiscard]] LevelReadResult open(std::optional<LevelView> shownBefore = std::nullopt);
+    // A level kept elsewhere (a recovery copy) replaces this one as Open's would, one step of
+    // the history, but exactly as kept: its frame is not drawn anew.
+    void restoreLevel(Level kept, const LevelView& shownBefore);
     // Writes the level file; a failed write leaves the old file as it was.
     [[nodiscard]] LevelWriteResult save() const;
     // Opens another level file, read as open() reads it; once read, it is the level file of
@@ -130,9 +133,9 @@ class LevelDocument : public QObject {
 
   private:
     // The level that New or Open brings, redrawn and recorded; with `fileBefore`, the step
-    // also takes the level file back to it.
+    // also takes the level file back to it. A level restored as it was kept gets no new frame.
     void replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
-                      std::optional<WorkingFile> fileBefore = std::nullopt);
+                      std::optional<WorkingFile> fileBefore = std::nullopt, bool frameAnew = true);
     WorkingFile workingFile() const { return {levelPath, sheetPath, spriteSheet}; }
     void useWorkingFile(const WorkingFile& file);
     void finishStroke();

@@ -11,6 +11,57 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <utility>
+
+namespace {
+
+// The file system will not make the new file beside the old one, or will not rename it: the
+// file itself can still be written. A full disk or a folder without rights is no such case.
+bool renameRefused(int error) {
+    return error == EXDEV || error == EPERM || error == ENOTSUP || error == EOPNOTSUPP ||
+           error == ENOSYS || error == EINVAL || error == EBUSY;
+}
+
+bool writeAll(int fd, const char* data, qint64 size) {
+    while (size > 0) {
+        const ssize_t written = ::write(fd, data, static_cast<std::size_t>(size));
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) {
+            if (written == 0) errno = ENOSPC;
+            return false;
+        }
+        data += written;
+        size -= written;
+    }
+    return true;
+}
+
+// Copies what `from` holds, from its start, to `to`; errno on failure.
+bool copyContent(int from, int to) {
+    char buffer[64 * 1024];
+    for (;;) {
+        const ssize_t got = ::read(from, buffer, sizeof buffer);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return false;
+        if (got == 0) return true;
+        if (!writeAll(to, buffer, got)) return false;
+    }
+}
+
+// The whole of `name` copied over `backup` and on the disk.
+bool backUp(const QByteArray& name, const QByteArray& backup, mode_t mode) {
+    const int from = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+    if (from < 0) return errno == ENOENT;  // nothing to keep
+    const int to = ::open(backup.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode);
+    bool done = to >= 0 && copyContent(from, to) && ::fsync(to) == 0;
+    const int error = errno;
+    ::close(from);
+    if (to >= 0 && ::close(to) != 0 && done) return false;
+    errno = error;
+    return done;
+}
+
+}  // namespace
 
 AtomicFile::~AtomicFile() {
     discard();
@@ -44,7 +95,7 @@ bool AtomicFile::open() {
     }
     if (fd < 0) {
         temporaryName.clear();
-        return false;
+        return renameRefused(errno) && openInPlace();
     }
     if (replacing && ::fchmod(fd, old.st_mode & 07777) != 0) {
         discard();
@@ -53,19 +104,19 @@ bool AtomicFile::open() {
     return true;
 }
 
+bool AtomicFile::openInPlace() {
+    struct stat old {};
+    const mode_t mode = ::stat(finalName.constData(), &old) == 0 ? old.st_mode & 07777 : 0666;
+    if (!backUp(finalName, finalName + '~', mode)) return false;
+    inPlace = true;
+    fd = ::open(finalName.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode);
+    return fd >= 0;
+}
+
 bool AtomicFile::write(const char* data, qint64 size) {
-    while (size > 0) {
-        const ssize_t written = ::write(fd, data, static_cast<std::size_t>(size));
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) {
-            if (written == 0) errno = ENOSPC;
-            discard();
-            return false;
-        }
-        data += written;
-        size -= written;
-    }
-    return true;
+    if (writeAll(fd, data, size)) return true;
+    discard();
+    return false;
 }
 
 bool AtomicFile::commit() {
@@ -76,10 +127,21 @@ bool AtomicFile::commit() {
         return false;
     }
     fd = -1;
-    if (::rename(temporaryName.constData(), finalName.constData()) != 0) {
-        discard();
-        return false;
+    if (inPlace) return true;
+    if (::rename(temporaryName.constData(), finalName.constData()) == 0) {
+        temporaryName.clear();
+        return true;
     }
-    temporaryName.clear();
-    return true;
+    // The new content is whole beside the file: it is copied in once the old one is kept. The
+    // folder took the new file, so a refusal of the rename is no missing right of its own.
+    const int from = renameRefused(errno) || errno == EACCES
+                         ? ::open(temporaryName.constData(), O_RDONLY | O_CLOEXEC)
+                         : -1;
+    const bool copied = from >= 0 && openInPlace() && copyContent(from, fd) && ::fsync(fd) == 0 &&
+                        ::close(std::exchange(fd, -1)) == 0;
+    const int error = errno;
+    if (from >= 0) ::close(from);
+    errno = error;
+    discard();
+    return copied;
 }

@@ -7,6 +7,10 @@
 // does for the names Qt can hold. A name that is a link is written through: the link stays,
 // the file it names gets the content. Every failure leaves errno saying why and the old file
 // as it was, with nothing left beside it.
+//
+// Some folders (network shares, synchronised cloud folders, some FUSE file systems) refuse the
+// new file beside it or the rename. There the old file is first copied to NAME~ beside it and
+// then overwritten in place: should that write fail, NAME~ still holds the old content.
 class AtomicFile {
   public:
     explicit AtomicFile(QString path) : target(std::move(path)) {}
@@ -20,7 +24,10 @@ class AtomicFile {
 
   private:
     void discard();
+    // Copies the old file to NAME~ and opens the file itself for writing from its start.
+    bool openInPlace();
 
+    bool inPlace = false;
     QString target;
     QByteArray finalName;  // the file written, links followed
     QByteArray temporaryName;

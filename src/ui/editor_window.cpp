@@ -14,6 +14,8 @@
 #include "minimap_canvas.h"
 #include "minimap_view.h"
 #include "recent_files.h"
+#include "recovery_keeper.h"
+#include "recovery_prompts.h"
 #include "tile_codes.h"
 #include "tool_strip.h"
 #include "zoomed_tiles.h"
@@ -140,7 +142,7 @@ EditorWindow::~EditorWindow() {
     showBusy(false);
 }
 
-void EditorWindow::startUp() {
+bool EditorWindow::startUp() {
     selectTool(WallToolCode);
     if (!document.loadSpriteSheet())
         dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
@@ -148,6 +150,13 @@ void EditorWindow::startUp() {
     loadLevel(std::nullopt);
     showLevelFile();
     showHelp();
+    return !recovery || recovery->askAtStartUp(shownView());
+}
+
+void EditorWindow::keepRecoveryCopies(RecoveryKeeper& keeper) {
+    recovery = std::make_unique<RecoveryPrompts>(document, keeper, dialogs);
+    connect(&keeper, &RecoveryKeeper::copyFailed, this,
+            [this](const QString& reason) { recovery->tellCopyFailed(reason); });
 }
 
 // At start-up the replaced level is no step of the history.
@@ -177,8 +186,10 @@ void EditorWindow::saveLevel() {
         dialogs.warning(EditorTexts::NoHero, EditorTexts::NoHeroTitle);
         return;
     }
+    if (recovery && !recovery->mayWrite()) return;
     if (const LevelWriteResult written = document.save(); !written.ok())
-        dialogs.error(written.failure);
+        return dialogs.error(written.failure);
+    if (recovery) recovery->saved();
 }
 
 void EditorWindow::openLevel() {

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class Dialogs;
@@ -15,6 +16,8 @@ class MinimapView;
 class QLabel;
 class QPushButton;
 class RecentFiles;
+class RecoveryKeeper;
+class RecoveryPrompts;
 class ToolStrip;
 
 // The editor's one window: the help button and the mouse hint along the top, the minimap,
@@ -29,8 +32,11 @@ class EditorWindow : public QWidget {
     EditorWindow(LevelDocument& document, Dialogs& dialogs);
     ~EditorWindow() override;
 
-    // Start-up: the wall tool, the sprite sheet, the window, the level, then the help box.
-    void startUp();
+    // Start-up: the wall tool, the sprite sheet, the window, the level, then the help box, and
+    // with recovery copies kept their questions. False when the user chose to end the editor.
+    bool startUp();
+    // Asks the questions of `keeper`'s copies and lock, at start-up and before Save.
+    void keepRecoveryCopies(RecoveryKeeper& keeper);
     void newLevel();
     void saveLevel();
     void openLevel();
@@ -84,4 +90,5 @@ class EditorWindow : public QWidget {
     bool busy = false;
     QString defaultLevelFile;
     RecentFiles* recentFiles = nullptr;
+    std::unique_ptr<RecoveryPrompts> recovery;
 };

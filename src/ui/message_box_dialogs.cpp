@@ -45,6 +45,7 @@ bool MessageBoxDialogs::question(const QString& prompt, const QString& title) {
     box.button(QMessageBox::No)->setText(QStringLiteral("Ne"));
     box.button(QMessageBox::No)->setShortcut(QKeySequence(Qt::ALT | Qt::Key_N));
     box.setDefaultButton(QMessageBox::Yes);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     keepLinesWhole(box);
     return box.exec() == QMessageBox::Yes;
 }

@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <QThread>
 
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -62,12 +64,41 @@ int X11Session::editorExitCode() {
     return editor.exitCode();
 }
 
-bool X11Session::launchEditor(const QString& program, const QString& folder, User user,
-                              const QStringList& arguments) {
+QProcessEnvironment X11Session::editorEnvironment() const {
     QProcessEnvironment editorEnvironment = environment;
     editorEnvironment.remove("LC_ALL");
     editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
     editorEnvironment.insert("UBSAN_OPTIONS", qEnvironmentVariable("UBSAN_OPTIONS"));
+    return editorEnvironment;
+}
+
+bool X11Session::launchAnotherEditor(QProcess& process, const QString& program,
+                                     const QString& folder) {
+    process.setProcessEnvironment(editorEnvironment());
+    process.setWorkingDirectory(folder);
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(program, QStringList());
+    return process.waitForStarted();
+}
+
+bool X11Session::closeEditorWindow() {
+    Display* display = XOpenDisplay(qPrintable(environment.value("DISPLAY")));
+    if (!display) return false;
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = mainWindow.toULong();
+    event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+    event.xclient.data.l[1] = CurrentTime;
+    const Status sent = XSendEvent(display, event.xclient.window, False, NoEventMask, &event);
+    XCloseDisplay(display);
+    return sent != 0;
+}
+
+bool X11Session::launchEditor(const QString& program, const QString& folder, User user,
+                              const QStringList& arguments) {
+    QProcessEnvironment editorEnvironment = this->editorEnvironment();
     if (user == User::Ordinary && geteuid() == 0) {
         editorEnvironment.insert("HOME", "/nonexistent");
         editorEnvironment.remove("XDG_RUNTIME_DIR");

@@ -23,6 +23,16 @@ class X11Session {
     // Starts the editor as startEditor does, without waiting for any window.
     bool launchEditor(const QString& program, const QString& folder, User user = User::Same,
                       const QStringList& arguments = {});
+    // Starts one more editor in `process`, beside the one above, with the same environment.
+    bool launchAnotherEditor(QProcess& process, const QString& program, const QString& folder);
+    // Sets a variable of the editors' environment, for the editors started after.
+    void setEditorVariable(const QString& name, const QString& value) {
+        environment.insert(name, value);
+    }
+    // Asks the main window to close, as a window manager's close button does.
+    bool closeEditorWindow();
+    // Whether a window of this title shows.
+    bool boxShown(const QString& title) { return windowShown(title); }
     // The editor's exit code once it has ended, or -1 when it has not within 20 s.
     int editorExitCode();
     bool editorRunning() { return !editor.waitForFinished(0) && editor.processId(); }
@@ -49,6 +59,7 @@ class X11Session {
     QImage screenshot();
 
   private:
+    QProcessEnvironment editorEnvironment() const;
     QString waitForWindow(const QString& title);  // its id once it shows, or empty
     QString waitForWindowMatching(const QString& pattern);
     QPoint windowOrigin(const QString& window);

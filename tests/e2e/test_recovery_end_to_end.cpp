@@ -1,0 +1,175 @@
+#include "x11_session.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QThread>
+
+#include <csignal>
+#include <optional>
+
+namespace {
+
+// A 20 x 20 level file with its hero at (7, 13) and the cells given, written without the
+// editor's code.
+QByteArray levelFile(const std::map<std::pair<int, int>, int>& cells) {
+    QByteArray bytes = "1\r\n 34 \r\n 34 \r\n";
+    for (int y = -7; y < 27; ++y) {
+        QByteArray row(34, '0');
+        for (int x = 0; x < 20; ++x)
+            if (cells.count({x, y})) row[7 + x] = char(48 + cells.at({x, y}));
+        bytes += row + "\r\n";
+    }
+    return bytes;
+}
+const std::map<std::pair<int, int>, int> heroOnly = {{{7, 13}, 135}};
+
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The code of a cell of a saved 20 x 20 level.
+int savedCell(const QByteArray& saved, int x, int y) {
+    return quint8(saved.split('\n').value(3 + 7 + y).at(7 + x)) - 48;
+}
+
+// Places in the 896 x 1150 window's client area: palette entries, map cells, the menu's Uložit.
+QPoint entry(int place) {
+    return {50, 179 + 72 * place};
+}
+QPoint cell(int column, int row) {
+    return {174 + 64 * column, 51 + 64 * row};
+}
+const QPoint saveButton(54, 1115);
+constexpr int Crate = 25;
+
+const QString Recover = QStringLiteral("Obnovit level");
+const QString OpenElsewhere = QStringLiteral("Level je otevřený");
+
+}  // namespace
+
+// The editor killed and started again on the same folder, and two editors on one level file,
+// in the real program under Xvfb.
+class RecoveryEndToEndTest : public QObject {
+    Q_OBJECT
+    std::optional<X11Session> x;
+    std::optional<QTemporaryDir> folder;
+    std::optional<QTemporaryDir> state;
+
+    QString level() const { return folder->filePath("level99.VRK"); }
+    QDir recovery() const { return QDir(state->filePath("varnok/recovery")); }
+    QStringList copies(const QString& under = {}) const {
+        return QDir(recovery().filePath(under)).entryList({"*.VRK"}, QDir::Files);
+    }
+
+    bool startEditor() {
+        return x->startEditor(VARNOK_EDITOR, folder->path()) && x->closeBox("Nápověda");
+    }
+    void clickInWindow(std::initializer_list<QPoint> places) {
+        const QPoint client = x->clientOrigin();
+        for (QPoint place : places) x->click(client + place);
+    }
+    // Paints a crate at (5, 5), waits until the copy has surely been written, kills the editor.
+    void paintAndKill() {
+        x->resizeEditor(896, 1150);
+        clickInWindow({entry(4), cell(5, 5)});
+        QThread::msleep(3000);
+        QCOMPARE(::kill(pid_t(x->editorId()), SIGKILL), 0);
+        QCOMPARE(x->editorExitCode(), -1);
+    }
+    // Saves the level on screen; its bytes.
+    QByteArray save() {
+        x->resizeEditor(896, 1150);
+        const QByteArray before = bytesOf(level());
+        clickInWindow({saveButton});
+        if (!x->closeBox("Uložit přes starý")) return {};
+        QByteArray saved;
+        X11Session::waitUntil(10000, [&] { return (saved = bytesOf(level())) != before; });
+        return saved;
+    }
+
+  private slots:
+    void init() {
+        x.emplace();
+        folder.emplace();
+        state.emplace();
+        x->setEditorVariable("XDG_STATE_HOME", state->path());
+        QFile::copy(VARNOK_SHEET, folder->filePath("EditPic.jpg"));
+        QFile file(level());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(levelFile(heroOnly));
+    }
+
+    void aKilledEditorsWorkComesBack() {
+        QVERIFY(startEditor());
+        paintAndKill();
+        QCOMPARE(copies().size(), 1);
+        const QByteArray copy = bytesOf(recovery().filePath(copies().first()));
+        QCOMPARE(savedCell(copy, 5, 5), Crate);
+        QCOMPARE(bytesOf(level()), levelFile(heroOnly));  // the level file is Save's alone
+
+        // No: the file's level stays, the copy goes to discarded/.
+        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));
+        QVERIFY(!x->boxShown(Recover));  // the help box comes first
+        QVERIFY(x->closeBox("Nápověda"));
+        QVERIFY(x->messageText(Recover).startsWith(
+            "Editor nebyl řádně ukončen. Obnovit neuložené změny levelu level99.VRK z "));
+        x->key("Escape");
+        QVERIFY(X11Session::waitUntil(5000, [&] { return !x->boxShown(Recover); }));
+        QCOMPARE(copies("discarded"), QStringList{copies("discarded").value(0)});
+        QVERIFY(copies().isEmpty());
+        QCOMPARE(savedCell(save(), 5, 5), 0);
+
+        // Yes: the painted level, exactly as copied, as one step that Ctrl+Z takes back.
+        paintAndKill();
+        const QByteArray painted = bytesOf(recovery().filePath(copies().value(0)));
+        QCOMPARE(savedCell(painted, 5, 5), Crate);
+        QVERIFY(startEditor());
+        QVERIFY(x->closeBox(Recover));
+        QCOMPARE(save(), painted);
+        clickInWindow({QPoint(100, 8)});  // the mouse hint: the window takes the keys
+        x->key("ctrl+z");
+        QCOMPARE(savedCell(save(), 5, 5), 0);
+
+        // Closed normally, the editor leaves no copy and asks nothing at the next start.
+        clickInWindow({entry(4), cell(6, 6)});
+        QVERIFY(X11Session::waitUntil(3000, [&] { return !copies().isEmpty(); }));
+        QVERIFY(x->closeEditorWindow());
+        QCOMPARE(x->editorExitCode(), 0);
+        QVERIFY(copies().isEmpty());
+        QVERIFY(startEditor());
+        QThread::msleep(1500);
+        QVERIFY(!x->boxShown(Recover));
+        QVERIFY(x->editorRunning());
+    }
+
+    void oneEditorPerLevelFile() {
+        QVERIFY(startEditor());
+        const qint64 first = x->editorId();
+
+        // A second editor on the same file asks after its help box; No ends it.
+        QProcess second;
+        QVERIFY(x->launchAnotherEditor(second, VARNOK_EDITOR, folder->path()));
+        QVERIFY(x->closeBox("Nápověda"));
+        QCOMPARE(x->messageText(OpenElsewhere),
+                 QStringLiteral("Level level99.VRK už je otevřený v jiném okně editoru (proces "
+                                "%1). Otevřít ho přesto?")
+                     .arg(first));
+        x->key("Escape");
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(second.exitCode(), 0);
+        QVERIFY(x->editorRunning());
+
+        // The first one killed, its lock is taken over without a word.
+        QCOMPARE(::kill(pid_t(first), SIGKILL), 0);
+        QCOMPARE(x->editorExitCode(), -1);
+        QVERIFY(startEditor());
+        QThread::msleep(1500);
+        QVERIFY(!x->boxShown(OpenElsewhere));
+        QVERIFY(x->editorRunning());
+    }
+};
+
+QTEST_GUILESS_MAIN(RecoveryEndToEndTest)
+#include "test_recovery_end_to_end.moc"
