@@ -108,12 +108,13 @@ void BM_EdgeScrollFrames(benchmark::State& state) {
 
     for (auto _ : state) {
         MouseRun mouse;
-        int moves = 0, movesShown = 0;
+        int moves = 0, movesShown = 0, scrolls = 0;
         qint64 firstWaiting = -1;  // the first move no frame has shown yet
         bool painted = false;
         std::vector<double> latencies, paints;
         BenchApplication::afterEvent = [&](QObject* receiver, QEvent::Type type, qint64 took) {
             if (type == QEvent::Paint) painted = true;
+            if (type == QEvent::Move && receiver == editor.map) ++scrolls;
             if (type != QEvent::UpdateRequest || receiver != &editor.window) return;
             if (painted && firstWaiting >= 0) {  // a frame, not a request put off
                 latencies.push_back(static_cast<double>(mouse.clock.nsecsElapsed() - firstWaiting) *
@@ -141,6 +142,7 @@ void BM_EdgeScrollFrames(benchmark::State& state) {
         state.counters["frames"] = frames;
         state.counters["moves"] = moves;
         state.counters["moves_per_frame"] = movesShown / frames;
+        state.counters["scrolls_per_frame"] = scrolls / frames;  // the window's pixels moved
         state.counters["latency_med_ms"] = percentile(latencies, 0.5);
         state.counters["latency_p99_ms"] = percentile(latencies, 0.99);
         state.counters["latency_max_ms"] = percentile(latencies, 1);

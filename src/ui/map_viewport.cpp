@@ -277,17 +277,14 @@ void MapViewport::wheelEvent(QWheelEvent* event) {
             scrolledWithin(map.top, PixelsPerEighth * static_cast<float>(turned.y()),
                            static_cast<float>(client->height()) - map.height, 0));
     // The outline follows the cell that has come under the pointer.
-    const QPointF pointer = mapSurface->mapFrom(this, event->position());
+    const QPointF pointer = mapSurface->placed(mapSurface->mapFrom(this, event->position()));
     if (mapSurface->rect().contains(pointer.toPoint()))
         moveOutline(static_cast<float>(pointer.x()), static_cast<float>(pointer.y()));
     event->accept();
 }
 
 void MapViewport::moveMap(float left, float top) {
-    Placement map = mapSurface->placement();
-    map.left = left;
-    map.top = top;
-    mapSurface->setPlacement(map);
+    mapSurface->moveTo(left, top);
     emit viewMoved();
 }
 
