@@ -28,21 +28,6 @@ void MapSurface::deferUpdates(bool defer) {
     if (!defer) update();
 }
 
-void MapSurface::moveTo(float left, float top) {
-    movePlacement(left, top);
-    if (followQueued) return;
-    followQueued = true;
-    // A posted call: it runs once the mouse events being taken are done, and before the
-    // window's update request, which is posted at a lower priority.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            followQueued = false;
-            followPlacement();
-        },
-        Qt::QueuedConnection);
-}
-
 void MapSurface::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect exposed = event->rect();

@@ -18,10 +18,6 @@ class MapSurface : public MouseSurface {
     void setZoomStep(int step);
     // While deferred, changes of the canvas schedule nothing; resuming repaints everything.
     void deferUpdates(bool defer);
-    // Puts the map's top-left corner at (left, top) of the viewport at once for its placement
-    // and the mouse. Its pixels follow just before the next frame: the moves of several mouse
-    // events taken between two frames scroll the window once.
-    void moveTo(float left, float top);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -33,5 +29,4 @@ class MapSurface : public MouseSurface {
     QImage composed;  // the zoomed-out map's exposed part, composed before it is drawn
     int zoomStep = 0;
     bool deferred = false;
-    bool followQueued = false;
 };

@@ -23,6 +23,12 @@ class MouseSurface : public QWidget {
     QPointF placed(QPointF widgetPoint) const {
         return widgetPoint + QPointF(pos() - place.rounded().topLeft());
     }
+    // The placement moves to (left, top) at once; the widget follows with followPlacement().
+    void movePlacement(float left, float top) {
+        place.left = left;
+        place.top = top;
+    }
+    void followPlacement() { setGeometry(place.rounded()); }
 
   signals:
     void pressed(Qt::MouseButtons button, QPointF position, Qt::KeyboardModifiers modifiers);
@@ -30,12 +36,6 @@ class MouseSurface : public QWidget {
     void released(Qt::MouseButtons button, QPointF position);
 
   protected:
-    // The placement moves to (left, top) at once; the widget follows with followPlacement().
-    void movePlacement(float left, float top) {
-        place.left = left;
-        place.top = top;
-    }
-    void followPlacement() { setGeometry(place.rounded()); }
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -101,6 +101,7 @@ class EditingTest : public QObject {
             saved[index] = encodeLevelFile(editor.level);
             scrolled[index] = editor.map->placement();
             QCOMPARE(editor.map->pos(), scrolled[index].rounded().topLeft());
+            QCOMPARE(editor.outline->pos(), editor.outline->placement().rounded().topLeft());
 
             const QRect area(editor.viewport->mapTo(&editor.window, QPoint()),
                              editor.viewport->size());
