@@ -36,7 +36,7 @@ double processorSeconds() {
 struct MouseRun {
     QElapsedTimer clock;
     std::vector<double> lateness;  // milliseconds from sending to taking
-    int takenTogether = 1;  // moves the queue hands on at once, every takenTogether moves
+    int takenTogether = 1;         // moves the queue hands on at once, every takenTogether moves
 
     MouseRun() { clock.start(); }
     template <typename Send>
