@@ -100,7 +100,7 @@ void BM_EdgeScrollFrames(benchmark::State& state) {
     if (view.rounded().size() != QSize(1920, 1080))
         return state.SkipWithError("the map view is not 1920 x 1080");
     QWidget* client = editor.map->parentWidget();
-    // Inside both 64-pixel bands, a cell and a half apart in phase across and down: with a
+    // Inside both 64-pixel bands, half a cell apart in phase across and down: with a
     // step of 32 under the pointer at every move, the column changes on every other move and
     // the row on the others. The pointer wobbles by a pixel, as a held hand does.
     const auto pointer = [&](int move) {
