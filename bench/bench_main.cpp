@@ -1,9 +1,8 @@
+#include "bench_application.h"
 #include "ratio_reporter.h"
 
-#include <QApplication>
-
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);  // the window for the painting figures
+    BenchApplication app(argc, argv);  // the window for the painting figures
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

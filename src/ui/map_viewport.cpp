@@ -313,25 +313,41 @@ void MapViewport::wheelEvent(QWheelEvent* event) {
             scrolledWithin(map.top, PixelsPerEighth * static_cast<float>(turned.y()),
                            static_cast<float>(client->height()) - map.height, 0));
     // The outline follows the cell that has come under the pointer.
-    const QPointF pointer = mapSurface->mapFrom(this, event->position());
+    const QPointF pointer = mapSurface->placed(mapSurface->mapFrom(this, event->position()));
     if (mapSurface->rect().contains(pointer.toPoint()))
         moveOutline(static_cast<float>(pointer.x()), static_cast<float>(pointer.y()));
     event->accept();
 }
 
 void MapViewport::moveMap(float left, float top) {
-    Placement map = mapSurface->placement();
-    map.left = left;
-    map.top = top;
-    mapSurface->setPlacement(map);
+    mapSurface->movePlacement(left, top);
+    followBeforeNextFrame();
     emit viewMoved();
 }
 
 void MapViewport::moveOutline(float x, float y) {
-    Placement outline = cursorOutline->placement();
-    outline.left = static_cast<float>(cellUnder(x, tileSize()) * tileSize());
-    outline.top = static_cast<float>(cellUnder(y, tileSize()) * tileSize());
-    cursorOutline->setPlacement(outline);
+    cursorOutline->movePlacement(static_cast<float>(cellUnder(x, tileSize()) * tileSize()),
+                                 static_cast<float>(cellUnder(y, tileSize()) * tileSize()));
+    followBeforeNextFrame();
+}
+
+// The map and the outline take their new places at once, for the mouse and everything that
+// reads them; their widgets follow together just before the next frame. However many mouse
+// events come in between, the window then scrolls its pixels once: the map moves first, while
+// nothing over it waits to be repainted, so the shown part is moved rather than drawn again.
+void MapViewport::followBeforeNextFrame() {
+    if (followQueued) return;
+    followQueued = true;
+    // A posted call runs when the mouse events being taken are done, and before the window's
+    // update request, which is posted at a lower priority.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            followQueued = false;
+            mapSurface->followPlacement();
+            cursorOutline->followPlacement();
+        },
+        Qt::QueuedConnection);
 }
 
 void MapViewport::cancel() {

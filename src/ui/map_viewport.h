@@ -93,6 +93,7 @@ class MapViewport : public QFrame {
   private:
     void moveMap(float left, float top);  // and tells viewMoved
     void moveOutline(float x, float y);
+    void followBeforeNextFrame();
     bool paintAt(float x, float y);  // false outside the frame's inside
     void dragRectangleTo(float x, float y);
     void scrollTowards(float x, float y);
@@ -116,6 +117,7 @@ class MapViewport : public QFrame {
     QLabel* loadingLabel;
     int tool = 0;
     int zoomStep = 0;
+    bool followQueued = false;
     QPointF mapGrabPoint;
     std::optional<QPoint> lastPaintedCell;
     // What moves with the left button held do: paint (also with no press seen, as ever), drag

@@ -21,13 +21,13 @@ MouseSurface::MouseSurface(QWidget* parent, QColor background, const QString& na
 }
 
 void MouseSurface::mousePressEvent(QMouseEvent* event) {
-    emit pressed(known(event->button()), event->position(), event->modifiers());
+    emit pressed(known(event->button()), placed(event->position()), event->modifiers());
 }
 
 void MouseSurface::mouseMoveEvent(QMouseEvent* event) {
-    emit moved(known(event->buttons()), event->position());
+    emit moved(known(event->buttons()), placed(event->position()));
 }
 
 void MouseSurface::mouseReleaseEvent(QMouseEvent* event) {
-    emit released(known(event->button()), event->position());
+    emit released(known(event->button()), placed(event->position()));
 }

@@ -13,6 +13,12 @@ class OutlineShape : public QWidget {
     OutlineShape(QWidget* parent, QColor colour, const QString& name);
     const Placement& placement() const { return place; }
     void setPlacement(const Placement& next) { placeWidget(this, place, next); }
+    // The placement moves to (left, top) at once; the widget follows with followPlacement().
+    void movePlacement(float left, float top) {
+        place.left = left;
+        place.top = top;
+    }
+    void followPlacement() { setGeometry(place.rounded()); }
     // An invalid colour draws no inner outline.
     void setInnerColour(QColor inner);
     // Dashed: the outline alternates its colour with black every few pixels.

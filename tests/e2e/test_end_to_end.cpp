@@ -331,6 +331,37 @@ class EndToEndTest : public QObject {
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
     }
 
+    // The wall tool held in the map view's bottom-right corner: the pointer wobbles by a pixel,
+    // each move lands on a new cell of a staircase and scrolls the map a step right and down.
+    void edgeScrollingPaintsAStaircaseInTheRealProgram() {
+        constexpr int side = 60;
+        prepareFolder(folder->path(), levelFile(heroOnly, false, side));
+        QVERIFY(openEditor());
+        x->resizeEditor(910, 1115);  // a 640 x 1088 map view from (262, 19)
+        const QPoint at = x->clientOrigin() + QPoint(262 + 624, 19 + 1040);  // cell (9, 16)
+        const auto moveTo = [](QPoint p) {
+            return QStringList{
+                "mousemove", "--sync", QString::number(p.x()), QString::number(p.y()),
+                "sleep",     "0.1"};
+        };
+        QStringList stroke = moveTo(at) << "mousedown"
+                                        << "1";
+        for (int move = 1; move <= 8; ++move) stroke << moveTo(at + QPoint(move % 2, 0));
+        x->xdotool(stroke << "mouseup"
+                          << "1");
+        x->resizeEditor(896, 1150);
+        QVERIFY(save());
+
+        // The press's cell (9, 16), then a cell right or down at each move, to (13, 20).
+        const auto expected = [](int x, int y) {
+            const int move = 2 * (y - 16) + (x - y + 7);
+            return (x - y == -7 || x - y == -6) && move >= 0 && move <= 8 ? Wall : 0;
+        };
+        const QByteArray saved = waitForFile(level(), levelFile(heroOnly, false, side));
+        const QString wrong = firstWrongCell(saved, side, expected);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    }
+
     // A 60 x 60 level zoomed out to 1/4 with Ctrl+wheel round cell (3, 3): a wall stroke, a
     // right-button drag, a click on the minimap that paints; Ctrl+0 back to full size, saved.
     void editingZoomedOutInTheRealProgram() {

@@ -3,6 +3,7 @@
 #include "tile_codes.h"
 
 #include <QBuffer>
+#include <QScreen>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -68,6 +69,54 @@ class EditingTest : public QObject {
         press(editor.map, cellCentre({3, 7}));
         press(editor.map, cellCentre({2, 7}));
         QVERIFY(editor.level.cell(2, 7) >= 1 && editor.level.cell(2, 7) <= 4);
+    }
+
+    // A stroke held in the view's bottom-right corner, every move a new cell and a step right
+    // and down: moves taken one frame each, or three before a frame, paint the same cells and
+    // scroll as far, and the window shows what a fresh paint of the view shows.
+    void edgeScrollingMovesSharingAFrameShowTheSame() {
+        QByteArray saved[2];
+        Placement scrolled[2];
+        for (int shared : {1, 3}) {
+            Editor editor(QSize(60, 60));
+            editor.window.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&editor.window));
+            const Placement view = editor.viewport->placement();  // made 640 x 560
+            editor.window.resize(editor.window.size() +
+                                 QSize(640 - qRound(view.width), 560 - qRound(view.height)));
+            QApplication::processEvents();
+            // Where the window system puts the pointer: the client point as the widget stands.
+            QWidget* client = editor.map->parentWidget();
+            const auto pointer = [&](int move) {
+                return editor.map->mapFrom(client, QPointF(624 + move % 2, 528));
+            };
+            press(editor.map, pointer(0));
+            for (int move = 1; move <= 12; ++move) {
+                drag(editor.map, pointer(move));
+                if (move % shared == 0) QApplication::processEvents();
+            }
+            release(editor.map, pointer(12));
+            QApplication::processEvents();
+            const int index = shared == 1 ? 0 : 1;
+            saved[index] = encodeLevelFile(editor.level);
+            scrolled[index] = editor.map->placement();
+            QCOMPARE(editor.map->pos(), scrolled[index].rounded().topLeft());
+            QCOMPARE(editor.outline->pos(), editor.outline->placement().rounded().topLeft());
+
+            const QRect area(editor.viewport->mapTo(&editor.window, QPoint()),
+                             editor.viewport->size());
+            const QImage shown = editor.window.screen()
+                                     ->grabWindow(editor.window.winId())
+                                     .toImage()
+                                     .copy(area)
+                                     .convertToFormat(QImage::Format_RGB32);
+            QCOMPARE(shown,
+                     editor.viewport->grab().toImage().convertToFormat(QImage::Format_RGB32));
+        }
+        QCOMPARE(scrolled[0].left, -13 * 32.0f);  // the press and twelve moves
+        QCOMPARE(scrolled[0].top, -13 * 32.0f);
+        QCOMPARE(scrolled[1], scrolled[0]);
+        QCOMPARE(saved[1], saved[0]);
     }
 
     // Shift drags a rectangle that the release fills (Esc drops it), Ctrl+click floods: one
