@@ -44,6 +44,7 @@ RecoveryKeeper::~RecoveryKeeper() {
 }
 
 void RecoveryKeeper::releaseLevelFile() {
+    settleLock();
     writer.waitForDone();
     if (!key.isEmpty()) RecoveryStore::remove(recoveryFolder, ownBase());
     if (lock) lock->unlock();
@@ -56,34 +57,47 @@ void RecoveryKeeper::setLevelFile(const QString& absolutePath) {
     releaseLevelFile();
     levelPath = absolutePath;
     key = RecoveryStore::keyFor(absolutePath);
-    QDir().mkpath(recoveryFolder);
-    lock =
-        std::make_unique<QLockFile>(QDir(recoveryFolder).filePath(key + QStringLiteral(".lock")));
+    pendingLock = std::async(std::launch::async, &RecoveryKeeper::takeLock, recoveryFolder, key);
+}
+
+RecoveryKeeper::TakenLock RecoveryKeeper::takeLock(const QString& folder, const QString& key) {
+    QDir().mkpath(folder);
+    TakenLock taken;
+    taken.lock = std::make_unique<QLockFile>(QDir(folder).filePath(key + QStringLiteral(".lock")));
     // An editor may run for days: only a lock whose process is gone counts as stale.
-    lock->setStaleLockTime(0);
-    if (lock->tryLock(0)) return;
-    qint64 holder = 0;
+    taken.lock->setStaleLockTime(0);
+    if (taken.lock->tryLock(0)) return taken;
     QString host, application;
-    if (lock->error() == QLockFile::LockFailedError &&
-        lock->getLockInfo(&holder, &host, &application))
-        lockHolder = holder;
+    if (taken.lock->error() == QLockFile::LockFailedError)
+        taken.lock->getLockInfo(&taken.holder, &host, &application);
     // A state folder that cannot be written holds no lock; nobody else can hold one there.
-    lock.reset();
+    taken.lock.reset();
+    return taken;
+}
+
+void RecoveryKeeper::settleLock() const {
+    if (!pendingLock.valid()) return;
+    TakenLock taken = pendingLock.get();
+    lock = std::move(taken.lock);
+    lockHolder = taken.holder;
 }
 
 bool RecoveryKeeper::otherEditorRunning() const {
+    settleLock();
     return processRunning(lockHolder);
 }
 
 // The lock's holder writes the copy under the file's key; an editor let in beside it, under the
 // key and its own process, so that neither overwrites the other's.
 QString RecoveryKeeper::ownBase() const {
+    settleLock();
     if (lockHolder == 0) return key;
     return key + QStringLiteral(".p") + QString::number(QCoreApplication::applicationPid());
 }
 
 std::optional<RecoveryKeeper::LeftBehind> RecoveryKeeper::leftBehind() const {
     if (key.isEmpty()) return std::nullopt;
+    settleLock();
     std::optional<LeftBehind> newest;
     const QStringList found =
         QDir(recoveryFolder).entryList({key + QStringLiteral("*.json")}, QDir::Files);

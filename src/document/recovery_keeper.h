@@ -8,6 +8,7 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -33,7 +34,10 @@ class RecoveryKeeper : public QObject {
     void startKeeping() { keeping = true; }
 
     // The editor that held the level file's lock when it was asked for, or 0 when none did.
-    qint64 otherEditor() const { return lockHolder; }
+    qint64 otherEditor() const {
+        settleLock();
+        return lockHolder;
+    }
     // Whether that editor still runs.
     bool otherEditorRunning() const;
 
@@ -81,8 +85,17 @@ class RecoveryKeeper : public QObject {
     QString recoveryFolder;
     QString levelPath;
     QString key;
-    std::unique_ptr<QLockFile> lock;
-    qint64 lockHolder = 0;
+    // Taking the lock writes and syncs a file, which can take a while on a busy disk: it is
+    // taken on a thread of its own, and settled (waited for) where it is first needed.
+    struct TakenLock {
+        std::unique_ptr<QLockFile> lock;  // none when another editor holds it, or no folder
+        qint64 holder = 0;                // that editor's process
+    };
+    static TakenLock takeLock(const QString& folder, const QString& key);
+    void settleLock() const;
+    mutable std::future<TakenLock> pendingLock;
+    mutable std::unique_ptr<QLockFile> lock;
+    mutable qint64 lockHolder = 0;
     bool keeping = false;
     bool failureTold = false;
 

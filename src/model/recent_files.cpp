@@ -34,9 +34,12 @@ QStringList RecentFiles::files() const {
 void RecentFiles::add(const QString& path) {
     // A name with bytes that are not UTF-8 would not survive the settings file.
     if (hasForeignBytes(path)) return;
-    QStringList kept = files();
+    const QStringList before = files();
+    QStringList kept = before;
     kept.removeAll(path);
     kept.prepend(path);
+    // Writing the settings syncs a file to the disk: not at every start on the same file.
+    if (kept == before) return;
     QSettings settings(settingsFile, QSettings::IniFormat);
     settings.setValue(Key, kept.mid(0, Kept));
 }

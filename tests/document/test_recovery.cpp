@@ -141,6 +141,7 @@ class RecoveryTest : public QObject {
         };
         RecoveryKeeper first(document, state);
         first.setLevelFile(level);
+        QCOMPARE(first.otherEditor(), qint64(0));  // nobody else: its own lock is taken
         QFile lock(state + '/' + RecoveryStore::keyFor(level) + ".lock");
         QVERIFY(lock.open(QIODevice::ReadWrite));
         QVERIFY(lock.setFileTime(QDateTime::currentDateTime().addDays(-2),
