@@ -11,20 +11,8 @@ build=$(realpath "$1")
 rounds=${2:-10}
 editor=$build/src/app/varnok-editor
 sheet=$build/art/generated/EditPic.jpg
-work=$(mktemp -d)
-server=
-cleanup() {
-    [ -n "$server" ] && kill "$server" 2>/dev/null
-    rm -rf "$work"
-}
-trap cleanup EXIT
-
-Xvfb -displayfd 3 -screen 0 1920x1400x24 -nolisten tcp -noreset 3> "$work/display" 2>/dev/null &
-server=$!
-for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
-export DISPLAY=:$(head -n 1 "$work/display")
-export XDG_RUNTIME_DIR=$work/runtime XDG_STATE_HOME=$work/state
-mkdir -m 700 "$XDG_RUNTIME_DIR"
+. "$(dirname "$0")/private_x_server.sh" 1920x1400x24
+export XDG_STATE_HOME=$work/state
 now() { echo $(($(date +%s%N) / 1000000)); }
 
 for round in $(seq "$rounds"); do

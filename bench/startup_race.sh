@@ -14,22 +14,7 @@ watch=$build/bench/startup-watch
 bare=$build/bench/bare-window
 editor=$build/src/app/varnok-editor
 sheet=$build/art/generated/EditPic.jpg
-work=$(mktemp -d)
-server=
-cleanup() {
-    [ -n "$server" ] && kill "$server" 2>/dev/null
-    rm -rf "$work"
-}
-trap cleanup EXIT
-
-# -noreset: a server that resets when its last client leaves refuses the next one meanwhile.
-Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp -noreset 3> "$work/display" 2>/dev/null &
-server=$!
-for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
-export DISPLAY=:$(head -n 1 "$work/display")
-# Qt warns without a runtime folder; every program gets the same private one.
-export XDG_RUNTIME_DIR=$work/runtime
-mkdir -m 700 "$XDG_RUNTIME_DIR"
+. "$(dirname "$0")/private_x_server.sh" 1920x1080x24
 
 # A level file of the given side: walls, furniture and floor in a repeating pattern.
 level() {
