@@ -131,14 +131,28 @@ QString X11Session::waitForWindowMatching(const QString& pattern) {
     return QString::fromLatin1(ids).section('\n', 0, 0);
 }
 
+// Without a window manager a new window gets the keyboard when the program asks for it, which
+// on a busy machine can come after the first keys: those would go to the window below.
+bool X11Session::takeKeys(const QString& window) {
+    const auto focused = [&] {
+        QByteArray id;
+        return xdotool({"getwindowfocus"}, &id) && QString::fromLatin1(id).trimmed() == window;
+    };
+    if (waitUntil(2000, focused)) return true;
+    xdotool({"windowfocus", "--sync", window});
+    return focused();
+}
+
 bool X11Session::closeBox(const QString& title) {
-    if (waitForWindow(title).isEmpty()) return false;
+    const QString box = waitForWindow(title);
+    if (box.isEmpty() || !takeKeys(box)) return false;
     key("Return");
     return waitUntil(5000, [&] { return !windowShown(title); });
 }
 
 bool X11Session::answerFileDialog(const QString& title, const QString& path) {
-    if (waitForWindow(title).isEmpty()) return false;
+    const QString dialog = waitForWindow(title);
+    if (dialog.isEmpty() || !takeKeys(dialog)) return false;
     xdotool({"type", "--delay", "20", path});
     key("Return");
     return waitUntil(5000, [&] { return !windowShown(title); });

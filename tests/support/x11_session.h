@@ -64,6 +64,8 @@ class X11Session {
     QString waitForWindowMatching(const QString& pattern);
     QPoint windowOrigin(const QString& window);
     bool windowShown(const QString& title, QByteArray* ids = nullptr);
+    // Waits until `window` has the keyboard, giving it the keyboard if it does not get it.
+    bool takeKeys(const QString& window);
     bool windowMatching(const QString& pattern, QByteArray* ids);
 
     QTemporaryDir scratch;  // HOME and XDG_RUNTIME_DIR; outlives the processes below
