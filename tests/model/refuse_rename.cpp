@@ -9,8 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace {
-int refuse() {
+extern "C" int rename(const char*, const char*) {
     const char* name = std::getenv("VARNOK_REFUSE_RENAME");
     errno = !name || std::strcmp(name, "EPERM") == 0 ? EPERM
             : std::strcmp(name, "ENOSPC") == 0       ? ENOSPC
@@ -18,40 +17,16 @@ int refuse() {
     return -1;
 }
 
-using OpenFunction = int (*)(const char*, int, ...);
-int openRefusingNewFiles(const char* symbol, const char* path, int flags, va_list rest) {
+extern "C" int open(const char* path, int flags, ...) {
+    va_list rest;
+    va_start(rest, flags);
     const mode_t mode = (flags & O_CREAT) ? static_cast<mode_t>(va_arg(rest, int)) : 0;
+    va_end(rest);
     if ((flags & O_CREAT) && (flags & O_EXCL) && std::getenv("VARNOK_REFUSE_NEW_FILES")) {
         errno = EPERM;
         return -1;
     }
-    static const auto next = reinterpret_cast<OpenFunction>(dlsym(RTLD_NEXT, symbol));
+    static const auto next =
+        reinterpret_cast<int (*)(const char*, int, ...)>(dlsym(RTLD_NEXT, "open"));
     return next(path, flags, mode);
-}
-}  // namespace
-
-extern "C" {
-int rename(const char*, const char*) {
-    return refuse();
-}
-int renameat(int, const char*, int, const char*) {
-    return refuse();
-}
-int renameat2(int, const char*, int, const char*, unsigned) {
-    return refuse();
-}
-int open(const char* path, int flags, ...) {
-    va_list rest;
-    va_start(rest, flags);
-    const int fd = openRefusingNewFiles("open", path, flags, rest);
-    va_end(rest);
-    return fd;
-}
-int open64(const char* path, int flags, ...) {
-    va_list rest;
-    va_start(rest, flags);
-    const int fd = openRefusingNewFiles("open64", path, flags, rest);
-    va_end(rest);
-    return fd;
-}
 }

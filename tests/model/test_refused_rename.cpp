@@ -24,14 +24,13 @@ Level levelOf(int side) {
 QByteArray levelBytes(int side) {
     return encodeLevelFile(levelOf(side));
 }
-
 QByteArray bytesOf(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Saves a level of `side` cells a side over `path`, under a file size limit when `limit` is not
-// 0: the child's part, run under the shim. Prints the failure, if any.
+// The child's part, run under the shim: saves a level of `side` cells a side over `path`, under
+// a file size limit when `limit` is not 0. Prints the failure, if any.
 int saveInChild(const char* path, int side, rlim_t limit) {
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit fileSize{limit, limit};
@@ -69,20 +68,17 @@ class RefusedRenameTest : public QObject {
         child.waitForFinished(60000);
         return QString::fromUtf8(child.readAllStandardOutput());
     }
-    QStringList files() const { return QDir(dir.path()).entryList(QDir::Files | QDir::Hidden); }
 
   private slots:
     void savesInPlaceKeepingTheOldFile() {
-        for (const char* error : {"EXDEV", "EPERM"}) {
-            QCOMPARE(save(error, 30), QString());
+        const QStringList bothFiles{"level99.VRK", "level99.VRK~"};
+        for (const auto& [error, newFilesToo] :
+             {std::pair{"EXDEV", false}, {"EPERM", false}, {"EXDEV", true}}) {
+            QCOMPARE(save(error, 30, newFilesToo), QString());
             QCOMPARE(bytesOf(path), levelBytes(30));
             QCOMPARE(bytesOf(path + "~"), levelBytes(20));
-            QCOMPARE(files(), QStringList({"level99.VRK", "level99.VRK~"}));
+            QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), bothFiles);
         }
-        QCOMPARE(save("EXDEV", 30, true), QString());  // no new file beside it either
-        QCOMPARE(bytesOf(path), levelBytes(30));
-        QCOMPARE(bytesOf(path + "~"), levelBytes(20));
-
         // The write in place cut off midway by a size limit: the old level is whole in NAME~.
         QVERIFY(save("EXDEV", 100, true, 8192).contains("soubor by byl větší"));
         QCOMPARE(bytesOf(path + "~"), levelBytes(20));
@@ -90,7 +86,7 @@ class RefusedRenameTest : public QObject {
         // A full disk is no refused rename: the save fails, the old file stays, nothing beside.
         QVERIFY(save("ENOSPC", 30).contains("na disku není místo"));
         QCOMPARE(bytesOf(path), levelBytes(20));
-        QCOMPARE(files(), QStringList{"level99.VRK"});
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), bothFiles.mid(0, 1));
     }
 };
 
