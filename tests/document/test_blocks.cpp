@@ -24,10 +24,12 @@ void paintRandomLevel(LevelDocument& document, QRandomGenerator& random) {
         if (random.bounded(4) == 0) document.fillRectangle(cell(), cell(), tool);
         if (random.bounded(4) != 0) document.applyTool(cell().x(), cell().y(), tool);
     }
+    document.applyTool(cell().x(), cell().y(), HeroCode);
 }
 
+// A wall by its joins (its look aside), any other code as itself.
 int arms(int code) {
-    return isWallPiece(code) ? wallKey(armsOfPiece(code)) : -1;
+    return isWallPiece(code) ? wallKey(armsOfPiece(code)) : -1 - code;
 }
 
 // The wall tool's paste: the codes written as they are, then each cell on the block's edge
