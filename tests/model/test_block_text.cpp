@@ -23,61 +23,41 @@ class BlockTextTest : public QObject {
             for (int i = 0; i < size.width() * size.height(); ++i)
                 block.codes.push_back(qint16(random.bounded(SheetCellCount)));
             const QByteArray text = encodeBlockText(block);
-            const BlockReading read = readBlockText(text);
-            QCOMPARE(read.outcome, BlockReading::Outcome::Block);
-            QCOMPARE(read.block, block);
+            QCOMPARE(readBlockText(text).block, block);
             QCOMPARE(readBlockText(QByteArray(text).replace("\r\n", "\n")).block, block);
             QCOMPARE(readBlockText(QString::fromLatin1(text).toUtf8()).block, block);
         }
     }
 
-    void malformedBlocksRefused_data() {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("reason");
+    // A malformed block is refused whole, with the reason that names what is wrong; texts
+    // that are no block of ours at all are told so, blanks around the mark still make a block.
+    void malformedAndForeignTexts() {
         const QByteArray head = "VARNOK-BLOK 1 3 2\r\n";
-        QTest::newRow("row missing") << head + "012\r\n" << BlockTexts::missingRows(2, 1);
-        QTest::newRow("row short") << head + "012\r\n01\r\n" << BlockTexts::wrongRowLength(2, 2, 3);
-        QTest::newRow("CR alone") << head + "012\r012\r" << BlockTexts::wrongRowLength(1, 7, 3);
-        QTest::newRow("code past the sheet") << head + "012\r\n01\xbc\r\n"
-                                             << BlockTexts::unknownCode(2, 3, SheetCellCount);
-        QTest::newRow("negative code") << head + "/12\r\n012\r\n"
-                                       << BlockTexts::unknownCode(1, 1, -1);
-        QTest::newRow("rows after the last") << head + "012\r\n012\r\n0\r\n"
-                                             << BlockTexts::extraRows(2);
-        QTest::newRow("too wide") << "VARNOK-BLOK 1 1001 1\r\n" + QByteArray(1001, '0')
-                                  << BlockTexts::tooLarge("1001", "1", MaxLevelSide);
-        QTest::newRow("too tall") << QByteArray("VARNOK-BLOK 1 1 99999999999999999999\r\n0\r\n")
-                                  << BlockTexts::tooLarge("1", "99999999999999999999",
-                                                          MaxLevelSide);
-        QTest::newRow("zero") << QByteArray("VARNOK-BLOK 1 0 2\r\n")
-                              << BlockTexts::badSize("0", "2");
-        QTest::newRow("negative") << QByteArray("VARNOK-BLOK 1 2 -2\r\n")
-                                  << BlockTexts::badSize("2", "-2");
-        QTest::newRow("size missing")
-            << QByteArray("VARNOK-BLOK 1 2\r\n00\r\n") << BlockTexts::badHeader();
-        QTest::newRow("version") << QByteArray("VARNOK-BLOK 2 1 1\r\n0\r\n")
-                                 << BlockTexts::unknownVersion("2");
-    }
-
-    // A malformed block is refused whole, with the reason that names what is wrong.
-    void malformedBlocksRefused() {
-        QFETCH(QByteArray, text);
-        QFETCH(QString, reason);
-        const BlockReading read = readBlockText(text);
-        QCOMPARE(read.outcome, BlockReading::Outcome::Refused);
-        QCOMPARE(read.reason, reason);
-        QVERIFY(read.block.codes.empty());
-        QCOMPARE(read.message(), BlockTexts::refused(reason));
-    }
-
-    // Texts that are no block of ours at all; blanks around the mark still make a block.
-    void foreignTextsAreNotBlocks() {
+        const QList<std::pair<QByteArray, QString>> malformed = {
+            {head + "012\r\n", BlockTexts::missingRows(2, 1)},
+            {head + "012\r\n01\r\n", BlockTexts::wrongRowLength(2, 2, 3)},
+            {head + "012\r012\r", BlockTexts::wrongRowLength(1, 7, 3)},
+            {head + "012\r\n01\xbc\r\n", BlockTexts::unknownCode(2, 3, SheetCellCount)},
+            {head + "/12\r\n012\r\n", BlockTexts::unknownCode(1, 1, -1)},
+            {head + "012\r\n012\r\n0\r\n", BlockTexts::extraRows(2)},
+            {"VARNOK-BLOK 1 1001 1\r\n" + QByteArray(1001, '0'),
+             BlockTexts::tooLarge("1001", "1", MaxLevelSide)},
+            {"VARNOK-BLOK 1 1 99999999999999999999\r\n0\r\n",
+             BlockTexts::tooLarge("1", "99999999999999999999", MaxLevelSide)},
+            {"VARNOK-BLOK 1 0 2\r\n", BlockTexts::badSize("0", "2")},
+            {"VARNOK-BLOK 1 2 -2\r\n", BlockTexts::badSize("2", "-2")},
+            {"VARNOK-BLOK 1 2\r\n00\r\n", BlockTexts::badHeader()},
+            {"VARNOK-BLOK 2 1 1\r\n0\r\n", BlockTexts::unknownVersion("2")}};
+        for (const auto& [text, reason] : malformed) {
+            const BlockReading read = readBlockText(text);
+            QVERIFY2(read.outcome == BlockReading::Outcome::Refused && read.block.codes.empty(),
+                     text.constData());
+            QCOMPARE(read.message(), BlockTexts::refused(reason));
+        }
         for (const QByteArray text :
              {"", "Ahoj", "VARNOK-BLOKY 1 1 1\r\n0\r\n", "varnok-blok 1 1 1\r\n0\r\n",
-              "1\r\n 15 \r\n 15 \r\n", "x\r\nVARNOK-BLOK 1 1 1\r\n0\r\n"}) {
-            QCOMPARE(readBlockText(text).outcome, BlockReading::Outcome::NotOurs);
+              "1\r\n 15 \r\n 15 \r\n", "x\r\nVARNOK-BLOK 1 1 1\r\n0\r\n"})
             QCOMPARE(readBlockText(text).message(), BlockTexts::notOurs());
-        }
         QCOMPARE(readBlockText("  VARNOK-BLOK 1 1 1 \r\n5\r\n").block, (LevelBlock{1, 1, {5}}));
     }
 };
