@@ -204,11 +204,17 @@ void X11Session::key(const QString& keys) {
 
 QString X11Session::messageText(const QString& title) {
     // The boxes' texts are selectable: click into the text, select all, copy.
-    click(windowOrigin(waitForWindow(title)) + QPoint(100, 18));
+    const QString box = waitForWindow(title);
+    click(windowOrigin(box) + QPoint(100, 18));
+    takeKeys(box);
+    run("xclip", {"-selection", "clipboard", "-in", "/dev/null"});  // no text of an earlier box
     key("ctrl+a");
     key("ctrl+c");
+    // The copy is the box's to make: read the clipboard until it has come.
     QByteArray text;
-    run("xclip", {"-out", "-selection", "clipboard"}, &text);
+    waitUntil(5000, [&] {
+        return run("xclip", {"-out", "-selection", "clipboard"}, &text) && !text.isEmpty();
+    });
     return QString::fromUtf8(text);
 }
 
