@@ -190,7 +190,9 @@ class LevelModelTest : public QObject {
         }
         QCOMPARE(fileNameFromBytes("úroveň.VRK"), QString("úroveň.VRK"));  // UTF-8 as it is
         QTemporaryDir folder;
-        const QByteArray raw = QFile::encodeName(folder.path()) + "/a\xff\xc3" "b.VRK";
+        const QByteArray raw = QFile::encodeName(folder.path()) +
+                               "/a\xff\xc3"
+                               "b.VRK";
         const QString name = fileNameFromBytes(raw);
         Level level = filledLevel(5, 4, 25), back;
         level.setCell(1, 1, HeroCode);
@@ -199,7 +201,9 @@ class LevelModelTest : public QObject {
         QVERIFY(::stat(raw.constData(), &written) == 0 && S_ISREG(written.st_mode));
         QVERIFY(readLevelFile(back, name).ok());
         QCOMPARE(encodeLevelFile(back), encodeLevelFile(level));
-        QVERIFY(shownFileName(name).endsWith("/a\\xff\\xc3" "b.VRK"));
+        QVERIFY(
+            shownFileName(name).endsWith("/a\\xff\\xc3"
+                                         "b.VRK"));
     }
 
     void queriesStayInTheLevelProper() {
