@@ -147,7 +147,7 @@ bool X11Session::closeBox(const QString& title) {
     const QString box = waitForWindow(title);
     if (box.isEmpty() || !takeKeys(box)) return false;
     key("Return");
-    return waitUntil(5000, [&] { return !windowShown(title); });
+    return waitUntil(15000, [&] { return !windowShown(title); });
 }
 
 bool X11Session::answerFileDialog(const QString& title, const QString& path) {
@@ -155,16 +155,25 @@ bool X11Session::answerFileDialog(const QString& title, const QString& path) {
     if (dialog.isEmpty() || !takeKeys(dialog)) return false;
     xdotool({"type", "--delay", "20", path});
     key("Return");
-    return waitUntil(5000, [&] { return !windowShown(title); });
+    return waitUntil(15000, [&] { return !windowShown(title); });
 }
 
+// Looked up by its title, not by the window first found at start-up: Qt may have made that
+// one again meanwhile.
 QString X11Session::mainWindowTitle(const QString& expected) {
-    QByteArray title;
-    waitUntil(5000, [&] {
-        return xdotool({"getwindowname", mainWindow}, &title) &&
-               QString::fromUtf8(title).trimmed() == expected;
-    });
-    return QString::fromUtf8(title).trimmed();
+    QByteArray ids;
+    if (waitUntil(20000, [&] {
+            return windowMatching('^' + QRegularExpression::escape(expected) + '$', &ids);
+        })) {
+        mainWindow = QString::fromLatin1(ids).section('\n', 0, 0);
+        return expected;
+    }
+    QByteArray titles, id;
+    windowMatching("^VARNOK LEVEL EDITOR", &ids);
+    for (const QByteArray& window : ids.split('\n'))
+        if (!window.isEmpty() && xdotool({"getwindowname", QString::fromLatin1(window)}, &id))
+            titles += id.trimmed() + ' ';
+    return QString::fromUtf8(titles).trimmed();
 }
 
 QPoint X11Session::windowOrigin(const QString& window) {
@@ -212,7 +221,7 @@ QString X11Session::messageText(const QString& title) {
     key("ctrl+c");
     // The copy is the box's to make: read the clipboard until it has come.
     QByteArray text;
-    waitUntil(5000, [&] {
+    waitUntil(15000, [&] {
         return run("xclip", {"-out", "-selection", "clipboard"}, &text) && !text.isEmpty();
     });
     return QString::fromUtf8(text);
