@@ -7,7 +7,6 @@
 #include "recent_files.h"
 #include "recovery_keeper.h"
 #include "recovery_store.h"
-#include "start_up_reads.h"
 
 #include <QApplication>
 #include <QDir>
@@ -18,7 +17,6 @@
 #include <memory>
 
 #include <langinfo.h>
-#include <malloc.h>
 #include <unistd.h>
 #include <clocale>
 #include <cstring>
@@ -59,18 +57,10 @@ int main(int argc, char** argv) {
     // Under a file-size limit a save must fail with an error the user is told of; by
     // default the signal would end the editor and lose the level on screen.
     std::signal(SIGXFSZ, SIG_IGN);
-    // The worker threads of the early reads need no arenas of their own: with one, what they
-    // allocate is not kept twice.
-    mallopt(M_ARENA_MAX, 1);
     QApplication app(argc, argv);
-    // The sheet and the level are read while the window is built and shown; the window takes
-    // them when it would have read them. Not before the application exists: the first thread
-    // that uses Qt becomes its main thread.
-    auto reads = std::make_unique<StartUpReads>(launch.levelFile, launch.spriteSheet);
     setUpApplication();
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);
-    document.useStartUpReads(std::move(reads));
     // Unsaved work survives a crash in a copy under the user's state folder.
     RecoveryKeeper keeper(document, RecoveryStore::folderFor(qEnvironmentVariable("XDG_STATE_HOME"),
                                                              userHomeFolder()));

@@ -39,12 +39,7 @@ LevelDocument::~LevelDocument() = default;
 
 bool LevelDocument::loadSpriteSheet() {
     SpriteSheet::FileState state{};
-    if (auto read = readAhead ? readAhead->takeSheet() : std::nullopt) {
-        spriteSheet = std::move(read->sheet);
-        state = read->state;
-    } else {
-        spriteSheet = SpriteSheet::fromFileOrBuiltIn(sheetPath, state);
-    }
+    spriteSheet = SpriteSheet::fromFileOrBuiltIn(sheetPath, state);
     return state != SpriteSheet::FileState::Unusable;
 }
 
@@ -56,15 +51,7 @@ void LevelDocument::newLevel(int width, int height, std::optional<LevelView> sho
 
 LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
     Level read;
-    LevelReadResult result;
-    std::optional<StartUpReads::LevelRead> early;
-    if (readAhead) early = std::exchange(readAhead, nullptr)->takeLevel();
-    if (early) {
-        read = std::move(early->level);
-        result = std::move(early->result);
-    } else {
-        result = readLevelFile(read, levelPath);
-    }
+    LevelReadResult result = readLevelFile(read, levelPath);
     if (!result.ok()) return result;
     if (!result.warning.isEmpty()) emit levelFileWarning(result.warning);
     replaceLevel(std::move(read), shownBefore);
@@ -82,9 +69,7 @@ LevelReadResult LevelDocument::openOther(const QString& path, const LevelView& s
     WorkingFile before = workingFile();
     levelPath = level;
     sheetPath = QFileInfo(level).dir().filePath(SpriteSheetFileName);
-    SpriteSheet::FileState state{};
-    spriteSheet = SpriteSheet::fromFileOrBuiltIn(sheetPath, state);
-    sheetUsable = state != SpriteSheet::FileState::Unusable;
+    sheetUsable = loadSpriteSheet();
     replaceLevel(std::move(read), shownBefore, std::move(before));
     emit levelFileChanged(levelPath);
     return result;

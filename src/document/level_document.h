@@ -7,7 +7,6 @@
 #include "level_renderer.h"
 #include "level_snapshot.h"
 #include "sprite_sheet.h"
-#include "start_up_reads.h"
 #include "switch_level_file.h"
 
 #include <QDir>
@@ -49,11 +48,6 @@ class LevelDocument : public QObject {
     const QString& levelFile() const { return levelPath; }
     const RandomGenerator& wallGenerator() const { return renderer.random(); }
     const LevelHistory& history() const { return steps; }
-
-    // Takes the sheet and the level file from reads begun early (at start-up, before the
-    // window exists) instead of reading them itself: the next loadSpriteSheet and the first
-    // open use them.
-    void useStartUpReads(std::unique_ptr<StartUpReads> reads) { readAhead = std::move(reads); }
 
     // Loads the user's sprite sheet, or the built-in one when there is none. False when the
     // user's sheet cannot be used (the built-in one is used then).
@@ -155,7 +149,6 @@ class LevelDocument : public QObject {
 
     QString levelPath;
     QString sheetPath;
-    std::unique_ptr<StartUpReads> readAhead;
     Level currentLevel;
     SpriteSheet spriteSheet;
     LevelRenderer renderer{currentLevel};

@@ -180,12 +180,16 @@ void EditorWindow::makeNewLevel(std::optional<LevelView> shownBefore) {
     document.newLevel(*width, *height, shownBefore);
 }
 
+// The level is saved only with the hero's start on it.
+bool EditorWindow::heroPlacedOrTold() {
+    if (containsHero(document.level())) return true;
+    dialogs.warning(EditorTexts::NoHero, EditorTexts::NoHeroTitle);
+    return false;
+}
+
 void EditorWindow::saveLevel() {
     if (!dialogs.question(EditorTexts::SaveQuestion, EditorTexts::SaveTitle)) return;
-    if (!containsHero(document.level())) {
-        dialogs.warning(EditorTexts::NoHero, EditorTexts::NoHeroTitle);
-        return;
-    }
+    if (!heroPlacedOrTold()) return;
     if (recovery && !recovery->mayWrite()) return;
     if (const LevelWriteResult written = document.save(); !written.ok())
         return dialogs.error(written.failure);
@@ -217,10 +221,7 @@ void EditorWindow::saveLevelAs() {
     if (statusOf(chosen, info) &&
         !dialogs.question(EditorTexts::SaveQuestion, EditorTexts::SaveTitle))
         return;
-    if (!containsHero(document.level())) {
-        dialogs.warning(EditorTexts::NoHero, EditorTexts::NoHeroTitle);
-        return;
-    }
+    if (!heroPlacedOrTold()) return;
     if (const LevelWriteResult written = document.saveAs(chosen); !written.ok())
         dialogs.error(written.failure);
 }

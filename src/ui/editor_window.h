@@ -43,6 +43,7 @@ class EditorWindow : public QWidget {
     void showHelp();
     void openOtherLevel();
     void saveLevelAs();
+    bool heroPlacedOrTold();
     int selectedTool() const { return tool; }
     // Where the level files worked on are remembered and offered; none by default.
     void setRecentFiles(RecentFiles* files) { recentFiles = files; }

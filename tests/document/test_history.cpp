@@ -3,11 +3,9 @@
 #include "tile_codes.h"
 #include "tools.h"
 
-#include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 
 // What an undo must bring back: the saved bytes, the hero, the drawing colour, and each
 // cell's map picture and dot, margin included, row by row.
@@ -181,68 +179,6 @@ class HistoryTest : public QObject {
             }
             if (limit > 6000) COMPARE_SHOWN(shown(document), end);
             QCOMPARE(document.wallGenerator().state(), generator);  // walls go on, not back
-        }
-    }
-
-    // The reads begun at start-up give what reading at the first Open would give: the sheet,
-    // and the level file as it is then, also when it appeared or was replaced meanwhile.
-    void startUpReadsGiveWhatReadingThenGives() {
-        QTemporaryDir folder;
-        QRandomGenerator random(25);
-        LevelDocument writer(QDir(folder.path()));
-        const QString levelFile = writer.levelFile();
-        const QString sheetFile = QDir(folder.path()).filePath(SpriteSheetFileName);
-        const auto started = [&](LevelDocument& document) {
-            document.useStartUpReads(std::make_unique<StartUpReads>(levelFile, sheetFile));
-            // Long enough for the reads to be over before anything changes, nearly always.
-            QThread::msleep(150);
-        };
-        // Open draws the wall frame with the document's own wall generator: documents are
-        // compared after the same Opens.
-        const auto openedBy = [](LevelDocument& reference) {
-            if (!reference.open().ok()) return QByteArray("refused");
-            return encodeLevelFile(reference.level());
-        };
-        LevelDocument reference(QDir(folder.path()));
-
-        LevelDocument missing(QDir(folder.path()));
-        started(missing);
-        QVERIFY(missing.loadSpriteSheet());  // no sheet file: the built-in one
-        QCOMPARE(missing.sheet().image(), SpriteSheet::builtIn().image());
-        const LevelReadResult none = missing.open();
-        QVERIFY(!none.ok() && none.missing);
-
-        openRandomLevel(writer, random, false);
-        LevelDocument plain(QDir(folder.path()));
-        started(plain);
-        QVERIFY(plain.open().ok());
-        QCOMPARE(encodeLevelFile(plain.level()), openedBy(reference));
-        openRandomLevel(writer, random, false);
-        QVERIFY(plain.open().ok());  // later Opens read the file themselves
-        QCOMPARE(encodeLevelFile(plain.level()), openedBy(reference));
-
-        // Replaced by a save (another file), appeared, or rewritten in place.
-        for (int change = 0; change < 3; ++change) {
-            if (change == 1) QVERIFY(QFile::remove(levelFile));
-            LevelDocument document(QDir(folder.path()));
-            started(document);
-            openRandomLevel(writer, random, false);
-            if (change == 2) {
-                QFile file(levelFile);
-                QVERIFY(file.open(QIODevice::ReadWrite));
-                QByteArray bytes = file.readAll();
-                // The first cell of the level proper, past the header and the border, becomes
-                // a chair, or floor when it was one.
-                qsizetype row = 0;
-                for (int line = 0; line < 3 + FileBorder; ++line)
-                    row = bytes.indexOf('\n', row) + 1;
-                const char chair = char(FileCodeOffset + FirstFurniture);
-                bytes[row + FileBorder] = bytes[row + FileBorder] == chair ? '0' : chair;
-                QVERIFY(file.seek(0) && file.write(bytes) == bytes.size());
-            }
-            LevelDocument fresh(QDir(folder.path()));
-            QVERIFY(document.open().ok());
-            QCOMPARE(encodeLevelFile(document.level()), openedBy(fresh));
         }
     }
 };
