@@ -1,6 +1,8 @@
-// Draws the editor's artwork into the folder given: EditPic.jpg, palette/<code>.bmp,
-// buttons/<name>.bmp and icon/icon<side>.png; with --sample-level, also a sample level laid
-// from the sheet as the editor lays it. The same pictures come out on every run.
+// Draws the editor's artwork into the folder given: EditPic.jpg and its pixels decoded
+// (EditPic.rgb32), palette/<code>.bmp, buttons/<name>.bmp and icon/icon<side>.png; with
+// --sample-level, also a sample level laid from the sheet as the editor lays it. The same
+// pictures come out on every run.
+#include "built_in_sheet_pixels.h"
 #include "button_pictures.h"
 #include "palette_pictures.h"
 #include "sample_level.h"
@@ -10,9 +12,26 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QImage>
 
 #include <cstdio>
 #include <cstring>
+
+namespace {
+// The JPEG as written, decoded by the same reader the editor uses, kept as raw pixels.
+bool writeDecodedSheet(const QDir& out) {
+    const QImage decoded =
+        QImage(out.filePath("EditPic.jpg")).convertToFormat(QImage::Format_RGB32);
+    if (decoded.size() != QSize(BuiltInSheetWidth, BuiltInSheetHeight) ||
+        decoded.bytesPerLine() != BuiltInSheetWidth * 4)
+        return false;
+    QFile file(out.filePath("EditPic.rgb32"));
+    const auto size = static_cast<qint64>(decoded.sizeInBytes());
+    return file.open(QIODevice::WriteOnly) &&
+           file.write(reinterpret_cast<const char*>(decoded.constBits()), size) == size;
+}
+}  // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);  // image plugins; no fonts or windows are needed
@@ -25,7 +44,7 @@ int main(int argc, char** argv) {
     for (const char* folder : {"palette", "buttons", "icon"}) out.mkpath(folder);
 
     const QImage sheet = Art::drawSheet();
-    bool written = sheet.save(out.filePath("EditPic.jpg"), "JPG", 92);
+    bool written = sheet.save(out.filePath("EditPic.jpg"), "JPG", 92) && writeDecodedSheet(out);
     for (const Tool& tool : paletteTools())
         written &= Art::palettePicture(sheet, tool.code)
                        .save(out.filePath(QStringLiteral("palette/%1.bmp").arg(tool.code)), "BMP");

@@ -4,6 +4,11 @@
 #include "tile_codes.h"
 
 #include <QFile>
+#include <QResource>
+
+#ifdef VARNOK_BUILT_IN_SHEET_PIXELS
+#include "built_in_sheet_pixels.h"
+#endif
 
 #include <sys/stat.h>
 
@@ -12,8 +17,27 @@
 // RGB32 is the format the map's blits copy fastest; colours stay as they are.
 SpriteSheet::SpriteSheet(QImage image) : sheet(image.convertToFormat(QImage::Format_RGB32)) {}
 
+namespace {
+const QString BuiltInJpeg = QStringLiteral(":/sheet/EditPic.jpg");
+
+// The built-in sheet file as it is embedded, to recognise a copy of it.
+QByteArray builtInJpegBytes() {
+    const QResource resource(BuiltInJpeg);
+    if (resource.compressionAlgorithm() != QResource::NoCompression)
+        return resource.uncompressedData();
+    return QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()), resource.size());
+}
+}  // namespace
+
 SpriteSheet SpriteSheet::builtIn() {
-    return SpriteSheet(QImage(QStringLiteral(":/sheet/EditPic.jpg")));
+#ifdef VARNOK_BUILT_IN_SHEET_PIXELS
+    // Decoded when the program was built; the image reads the program's own pages.
+    const auto pixels = builtInSheetPixels();
+    if (pixels.size() == std::size_t{BuiltInSheetWidth} * BuiltInSheetHeight * 4)
+        return SpriteSheet(QImage(pixels.data(), BuiltInSheetWidth, BuiltInSheetHeight,
+                                  BuiltInSheetWidth * 4, QImage::Format_RGB32));
+#endif
+    return SpriteSheet(QImage(BuiltInJpeg));
 }
 
 namespace {
@@ -37,6 +61,11 @@ SpriteSheet SpriteSheet::fromFileOrBuiltIn(const QString& path, FileState& state
     QFile file;
     const bool plain = S_ISREG(info.st_mode);  // a pipe or a device would never end
     const QByteArray bytes = plain && openForReading(file, path) ? file.readAll() : QByteArray();
+    // A copy of the built-in sheet, the usual case, needs no decoding.
+    if (!bytes.isEmpty() && bytes == builtInJpegBytes()) {
+        state = FileState::Loaded;
+        return builtIn();
+    }
     const bool whole = !bytes.isEmpty() && !endsBeforeItsEnd(bytes);
     if (whole && image.loadFromData(bytes) && usable(image)) {
         state = FileState::Loaded;

@@ -1,3 +1,4 @@
+#include "built_in_sheet_pixels.h"
 #include "room_blocks.h"
 #include "tile_codes.h"
 #include "tools.h"
@@ -57,6 +58,12 @@ class ArtworkTest : public QObject {
             QCOMPARE(icon.size(), QSize(side, side));
             QVERIFY(icon.colorCount() > 0 && icon.colorCount() <= 16);
         }
+        // The sheet's pixels linked into the program are the sheet as the image reader decodes it.
+        const QImage decoded = QImage(":/sheet/EditPic.jpg").convertToFormat(QImage::Format_RGB32);
+        QCOMPARE(decoded.size(), QSize(BuiltInSheetWidth, BuiltInSheetHeight));
+        const auto pixels = builtInSheetPixels();
+        QVERIFY(std::equal(pixels.begin(), pixels.end(), decoded.constBits(),
+                           decoded.constBits() + decoded.sizeInBytes()));
     }
 
     // Every cell shows something; a wall piece reaches exactly the edges of its arms; a room's
@@ -107,7 +114,7 @@ class ArtworkTest : public QObject {
             QVERIFY(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
             QCOMPARE(a.readAll(), b.readAll());
         }
-        QCOMPARE(files, 1 + 26 + 3 + 6);  // the sheet, palette, buttons, icons
+        QCOMPARE(files, 2 + 26 + 3 + 6);  // the sheet and its pixels, palette, buttons, icons
     }
 };
 
