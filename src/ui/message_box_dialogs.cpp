@@ -1,12 +1,17 @@
 #include "message_box_dialogs.h"
 
 #include "level_file_dialog.h"
+#include "message_lines.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -26,12 +31,38 @@ void keepLinesWhole(QMessageBox& box) {
     label->setMinimumWidth(std::min(widest + 2, room));
 }
 
-void showOk(QWidget* parent, QMessageBox::Icon icon, const QString& prompt, const QString& title) {
-    QMessageBox box(icon, title, prompt, QMessageBox::Ok, parent);
-    // The reason and the file it names can be copied into a report.
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+enum class Selectable { No, Yes };
+
+void showOk(QWidget* parent, QMessageBox::Icon icon, const QString& prompt, const QString& title,
+            Selectable selectable) {
+    QMessageBox box(icon, title, QString(), QMessageBox::Ok, parent);
     box.button(QMessageBox::Ok)->setText(QStringLiteral("OK"));
-    keepLinesWhole(box);
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (selectable == Selectable::Yes || !label || !grid) {
+        // The reason and the file it names can be copied into a report.
+        box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        box.setText(prompt);
+        keepLinesWhole(box);
+    } else {
+        // The lines are shown by MessageLines in the label's place; Ctrl+C copies them. The
+        // label keeps the text, plain and hidden, as the box's text.
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::NoTextInteraction);
+        box.setText(prompt);
+        label->hide();
+        int row = 0;
+        int column = 0;
+        int rows = 0;
+        int columns = 0;
+        grid->getItemPosition(grid->indexOf(label), &row, &column, &rows, &columns);
+        grid->addWidget(new MessageLines(prompt, label->font(), &box), row, column, rows, columns);
+        auto* copy = new QShortcut(QKeySequence::Copy, &box);
+        QObject::connect(copy, &QShortcut::activated, &box, [prompt] {
+            QGuiApplication::clipboard()->setText(
+                QString(prompt).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+        });
+    }
     box.exec();
 }
 }  // namespace
@@ -51,16 +82,17 @@ bool MessageBoxDialogs::question(const QString& prompt, const QString& title) {
 }
 
 void MessageBoxDialogs::warning(const QString& prompt, const QString& title) {
-    showOk(parent, QMessageBox::Warning, prompt, title);
+    showOk(parent, QMessageBox::Warning, prompt, title, Selectable::Yes);
 }
 
 void MessageBoxDialogs::information(const QString& prompt, const QString& title) {
-    showOk(parent, QMessageBox::Information, prompt, title);
+    showOk(parent, QMessageBox::Information, prompt, title, Selectable::No);
 }
 
 void MessageBoxDialogs::error(const QString& prompt) {
     // No title of its own: the application's name.
-    showOk(parent, QMessageBox::Critical, prompt, QCoreApplication::applicationName());
+    showOk(parent, QMessageBox::Critical, prompt, QCoreApplication::applicationName(),
+           Selectable::Yes);
 }
 
 QString MessageBoxDialogs::levelFileToOpen(const QString& folder, const QStringList& recent) {
