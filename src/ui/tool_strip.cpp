@@ -1,6 +1,7 @@
 #include "tool_strip.h"
 
 #include "editor_look.h"
+#include "lazy_icon_engine.h"
 #include "tile_codes.h"
 #include "tools.h"
 
@@ -58,7 +59,8 @@ void ToolStrip::createButtons() {
         auto* button = new ToolButton(strip);
         button->setObjectName(QStringLiteral("toolButton_%1").arg(tool.code));
         button->setText(tool.name());
-        button->setIcon(QIcon(QStringLiteral(":/palette/%1.bmp").arg(tool.code)));
+        button->setIcon(
+            QIcon(new LazyIconEngine(QStringLiteral(":/palette/%1.bmp").arg(tool.code))));
         button->setIconSize(QSize(PictureShown, PictureShown));
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         button->setCheckable(true);
