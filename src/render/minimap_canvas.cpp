@@ -77,6 +77,14 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
     if (changed && drawn > 0) changed(QRect(0, y, drawn, 1));
 }
 
+void MinimapCanvas::drawIndexedDotRow(int y, const quint8* indices, int count) {
+    if (y < 0 || y > height) return;
+    const int drawn = std::clamp(count, 0, width + 1);
+    std::copy_n(indices, drawn, dots.data() + static_cast<std::size_t>(y) * (width + 1));
+    markBlocks(y, drawn);
+    if (changed && drawn > 0) changed(QRect(0, y, drawn, 1));
+}
+
 // Marks the blocks of dots 0..end - 1 of row y by what they hold now; a last block that
 // reaches past them, short of the margin column, keeps its mark if it had one.
 void MinimapCanvas::markBlocks(int y, int end) {
@@ -93,7 +101,7 @@ void MinimapCanvas::markBlocks(int y, int end) {
 }
 
 quint8 MinimapCanvas::colourIndex(QRgb colour) {
-    if (colour == MinimapBackground) return 0;
+    if (colour == MinimapBackground) return BackgroundIndex;
     const auto mask = colourSlots.size() - 1;
     for (std::size_t slot = ((colour * 2654435761u) >> 22) & mask;; slot = (slot + 1) & mask) {
         if (colourSlots[slot] == 0) {

@@ -77,6 +77,11 @@ class MinimapCanvas {
     void drawDot(int x, int y);
     // Dots (0, y) .. (count - 1, y) in their own colours at once; the drawing colour stays.
     void drawDotRow(int y, const QRgb* colours, int count);
+    // The same, with the dots given as colour indices (below).
+    void drawIndexedDotRow(int y, const quint8* indices, int count);
+    // The byte a dot of this colour is kept as; the background's is BackgroundIndex.
+    quint8 colourIndex(QRgb colour);
+    static constexpr quint8 BackgroundIndex = 0;
     // One dot in its own colour; the drawing colour stays.
     void setDot(int x, int y, QRgb colour);
     QRgb dotAt(int x, int y) const;  // background for cells never dotted
@@ -121,7 +126,6 @@ class MinimapCanvas {
     // A dot is kept as its colour's place in `colours`, a byte: the dots of a 1000 x 1000
     // level take 1 MB, not 4. The colours are those of the codes, a few dozen; the
     // background is always the first.
-    quint8 colourIndex(QRgb colour);
     std::vector<QRgb> colours{MinimapBackground};
     std::array<quint16, 1024> colourSlots{};  // open addressing: index + 1, or 0 for none
     std::vector<quint8> dots;                 // (width + 1) x (height + 1)

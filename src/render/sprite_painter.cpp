@@ -70,24 +70,31 @@ bool SpritePainter::paintWholeGrid() {
     const bool fails = failingCell.has_value();
     const QPoint failing = failingCell.value_or(QPoint(-1, 0));
     // Every row is written whole, the cells not painted as background: no clear beforehand.
+    // Dots are written as the minimap keeps them, by each code's colour index looked up once.
+    std::array<quint8, SheetCellCount> dotOf{};
+    for (int code = 0; code < SheetCellCount; ++code)
+        dotOf[static_cast<std::size_t>(code)] = minimap.colourIndex(colourOf[code]);
+    const quint8 inheritedDot = minimap.colourIndex(NoOwnColour);
     bool inherits = false;
     const auto columns = static_cast<std::size_t>(width) + 1;
-    std::vector<QRgb> colours(columns);
+    std::vector<quint8> dots(columns);
     std::vector<qint16> cells(fails ? columns : 0);
     for (int y = 0; y <= height; ++y) {
         const qint16* row = level.row(y);
         const int count = !fails ? width + 1 : failing.x() + (y < failing.y() ? 1 : 0);
+        quint8 seen = 0;
         for (int x = 0; x < count; ++x) {
-            colours[x] = colourOf[row[x]];
-            inherits |= colours[x] == NoOwnColour;
+            dots[x] = dotOf[static_cast<std::size_t>(row[x])];
+            seen |= dots[x] == inheritedDot;
         }
-        std::fill(colours.begin() + count, colours.end(), MinimapBackground);
+        inherits |= seen != 0;
+        std::fill(dots.begin() + count, dots.end(), MinimapCanvas::BackgroundIndex);
         if (fails) {
             std::fill(std::copy_n(row, count, cells.begin()), cells.end(), MapCanvas::Cleared);
             row = cells.data();
         }
         map.drawRow(y, row, width + 1);
-        minimap.drawDotRow(y, colours.data(), width + 1);
+        minimap.drawIndexedDotRow(y, dots.data(), width + 1);
     }
     gridShown = !fails && !inherits;
 
