@@ -4,7 +4,7 @@
 # 1000 x 1000 level, under one private X server, in turns. Each run is timed from just before
 # the program starts until its box ("Nápověda") is mapped, and its peak resident memory is
 # read from the kernel (bench/startup/map_watcher.cpp). Prints the medians and their ratios to
-# the bare program.
+# the bare program; where valgrind is installed, also the instructions each needs until then.
 #
 #   bench/startup_race.sh BUILD_DIR [ROUNDS]     (a release build with VARNOK_BENCH=ON)
 set -euo pipefail
@@ -65,3 +65,26 @@ awk -v rounds="$rounds" '
             printf "%-28s %10.1f %8.2f %10.1f %8.2f %10.1f\n", label[name[i]], ready[i],
                    ready[i] / ready[1], peak[i], peak[i] / peak[1], peak[i] - peak[1]
     }' "$work/medians"
+
+# Instructions to the same point, counted by callgrind: unlike the time, the same on a busy
+# machine, so a change shows even when the clock's noise hides it. Only where valgrind is.
+command -v valgrind > /dev/null || exit 0
+instructions() {
+    "$watch" 'Nápověda' valgrind --tool=callgrind --callgrind-out-file=/dev/null "$@" 2>&1 |
+        sed -n 's/.*I *refs: *//p' | tail -n 1 | tr -d ,
+}
+bareCount=$(instructions "$bare")
+echo
+printf '%-28s %10s %8s\n' "instructions until ready" "millions" "ratio"
+for kind in bare editor20 editor1000; do
+    case $kind in
+        bare) count=$bareCount ;;
+        editor20) count=$(cd "$work/20" && instructions "$editor") ;;
+        editor1000) count=$(cd "$work/1000" && instructions "$editor") ;;
+    esac
+    awk -v kind="$kind" -v count="$count" -v bare="$bareCount" 'BEGIN {
+        label["bare"] = "bare Qt window + box"
+        label["editor20"] = "editor, 20 x 20 level"
+        label["editor1000"] = "editor, 1000 x 1000 level"
+        printf "%-28s %10.1f %8.2f\n", label[kind], count / 1e6, count / bare }'
+done
