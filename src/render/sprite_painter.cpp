@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <vector>
 
 bool SpritePainter::paintSprite(int x, int y, int code) {
@@ -82,12 +83,8 @@ bool SpritePainter::paintWholeGrid() {
     for (int y = 0; y <= height; ++y) {
         const qint16* row = level.row(y);
         const int count = !fails ? width + 1 : failing.x() + (y < failing.y() ? 1 : 0);
-        quint8 seen = 0;
-        for (int x = 0; x < count; ++x) {
-            dots[x] = dotOf[static_cast<std::size_t>(row[x])];
-            seen |= dots[x] == inheritedDot;
-        }
-        inherits |= seen != 0;
+        for (int x = 0; x < count; ++x) dots[x] = dotOf[static_cast<std::size_t>(row[x])];
+        inherits = inherits || std::memchr(dots.data(), inheritedDot, count) != nullptr;
         std::fill(dots.begin() + count, dots.end(), MinimapCanvas::BackgroundIndex);
         if (fails) {
             std::fill(std::copy_n(row, count, cells.begin()), cells.end(), MapCanvas::Cleared);
