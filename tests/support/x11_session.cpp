@@ -188,20 +188,19 @@ void X11Session::resizeEditor(int width, int height) {
     QThread::msleep(300);
 }
 
-static QStringList mouseMove(QPoint screen) {
-    return {"mousemove", "--sync", QString::number(screen.x()), QString::number(screen.y())};
-}
-
 void X11Session::click(QPoint screen) {
-    xdotool(mouseMove(screen) << "click"
-                              << "1");
+    xdotool(moveTo(screen) + QStringList{"click", "1"});
     QThread::msleep(150);
 }
 
+void X11Session::clickInWindow(std::initializer_list<QPoint> places) {
+    const QPoint client = clientOrigin();
+    for (QPoint place : places) click(client + place);
+}
+
 void X11Session::drag(QPoint from, QPoint to) {
-    xdotool(mouseMove(from) << "mousedown"
-                            << "1");
-    for (int step = 1; step <= 8; ++step) xdotool(mouseMove(from + (to - from) * step / 8));
+    xdotool(moveTo(from) + QStringList{"mousedown", "1"});
+    for (int step = 1; step <= 8; ++step) xdotool(moveTo(from + (to - from) * step / 8));
     xdotool({"mouseup", "1"});
     QThread::msleep(150);
 }
