@@ -142,9 +142,12 @@ class EndToEndTest : public QObject {
         QVERIFY(x->editorRunning());
     }
 
+    // The editor runs with no locale at all (see X11Session): its Czech texts are whole.
     void windowShowsItsColoursAndEveryPaletteEntry() {
         prepareFolder(folder->path());
-        QVERIFY(openEditor());  // no level file: a new 20 x 20 level
+        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));  // a new 20 x 20 level
+        QVERIFY(x->messageText("Nápověda").startsWith("Nacházíte se v Editoru uživatelského"));
+        QVERIFY(x->closeBox("Nápověda"));
         x->resizeEditor(1500, 2300);
         const QImage screen = x->screenshot().copy({x->clientOrigin(), QSize(1500, 2300)});
         QCOMPARE(screen.pixel(5, 300), qRgb(192, 192, 192));    // the window
@@ -203,20 +206,6 @@ class EndToEndTest : public QObject {
         QCOMPARE(x->editorExitCode(), 1);
     }
 
-    // The editor runs with no locale at all (see X11Session), in a folder named in Czech.
-    void aFolderNamedInCzechWithBlanks() {
-        const Grid old = {{{7, 13}, 135}, {{12, 12}, 26}};
-        prepareFolder(folder->path(), levelFile(old));
-        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));
-        QVERIFY(x->messageText("Nápověda").startsWith("Nacházíte se v Editoru uživatelského"));
-        QVERIFY(x->closeBox("Nápověda"));
-        x->resizeEditor(896, 1150);
-        QVERIFY(save());
-        QCOMPARE(waitForFile(level(), levelFile(old)), levelFile(old, true));
-        QCOMPARE(QDir(folder->path()).entryList(QDir::Files).size(), 2);  // nothing beside it
-        QVERIFY(x->editorRunning());
-    }
-
     void aMalformedLevelIsToldAndTheEditorGoesOn_data() {
         QTest::addColumn<QByteArray>("bytes");  // none: a FIFO, which would block its reader
         QTest::addColumn<QString>("message");
@@ -240,20 +229,9 @@ class EndToEndTest : public QObject {
         QVERIFY(x->editorRunning());
     }
 
-    // Two crates, Ctrl+Z twice, Ctrl+Shift+Z, Ctrl+S: the file holds the first crate only.
-    void undoAndRedoKeysInTheRealProgram() {
-        prepareFolder(folder->path(), levelFile(heroOnly));
-        QVERIFY(openEditor());
-        x->clickInWindow({entry(4), cell(5, 5), cell(6, 5)});
-        for (const char* keys : {"ctrl+z", "ctrl+z", "ctrl+shift+z", "ctrl+s"}) x->key(keys);
-        QVERIFY(x->closeBox("Uložit přes starý"));
-        QCOMPARE(waitForFile(level(), levelFile(heroOnly)),
-                 levelFile({{{7, 13}, 135}, {{5, 5}, 25}}, true));
-    }
-
     // A wall rectangle, a floor rectangle inside it (a ring is left), a crate flood inside the
-    // ring, a crate flood outside it taken back with one Ctrl+Z, and a rectangle dropped with
-    // Esc; the saved file holds the ring, the crates inside it and the hero.
+    // ring, a crate flood outside it; Ctrl+Z twice and Ctrl+Shift+Z bring back the first flood
+    // alone, a rectangle is dropped with Esc; the file holds the ring, the crates in it, the hero.
     void rectangleAndFloodFillsInTheRealProgram() {
         prepareFolder(folder->path(), levelFile(heroOnly));
         QVERIFY(openEditor());  // the wall tool is selected
@@ -269,7 +247,7 @@ class EndToEndTest : public QObject {
         x->clickInWindow({entry(4)});  // Bedna
         withKey("ctrl", [&] { x->click(client + cell(6, 6)); });
         withKey("ctrl", [&] { x->click(client + cell(10, 12)); });
-        x->key("ctrl+z");
+        for (const char* keys : {"ctrl+z", "ctrl+z", "ctrl+shift+z"}) x->key(keys);
         withKey("shift", [&] {  // dropped: nothing is filled
             x->xdotool(X11Session::moveTo(client + cell(11, 2)) + QStringList{"mousedown", "1"});
             x->xdotool(X11Session::moveTo(client + cell(15, 6)));

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "file_bytes.h"
 #include "frame_prediction.h"
 #include "x11_session.h"
-
-#include <QFile>
 
 // Level files as the game reads them, written without the editor's code, and the places of
 // the editor's 896 x 1150 window that the tests in the real program click.
@@ -25,14 +24,6 @@ inline QByteArray levelFile(Grid cells, bool framed = false, int side = 20) {
     return bytes;
 }
 
-inline QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-inline bool writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 // The file's bytes once they are not `unlike` (within 10 s).
 inline QByteArray waitForFile(const QString& path, const QByteArray& unlike = {}) {
     QByteArray bytes;
