@@ -61,6 +61,11 @@ class EndToEndTest : public QObject {
         return x->closeBox("Uložit přes starý");
     }
     QString level() const { return folder->filePath("level99.VRK"); }
+    // What is wrong in the level saved over a hero-only level of this side (see firstWrongCell).
+    QString savedWrongly(int side, const std::function<int(int, int)>& expected) {
+        return firstWrongCell(waitForFile(level(), levelFile(heroOnly, false, side)), side,
+                              expected);
+    }
 
   private slots:
     // A fresh X server for every case, then its folder, named in Czech with blanks.
@@ -119,10 +124,10 @@ class EndToEndTest : public QObject {
         QVERIFY(x->closeBox("Uložit přes starý"));
         // The frame's pieces follow the wall generator, which went on from the first level's.
         const QByteArray saved = waitForFile(others.filePath("castle.vrk"), levelFile(castle));
-        const QString wrong = firstWrongCell(saved, 20, [](int x, int y) {
+        const auto expected = [](int x, int y) {
             return x == 5 && y == 5 ? 25 : x == 12 && y == 12 ? 26 : 0;
-        });
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+        };
+        QCOMPARE(firstWrongCell(saved, 20, expected), QString());
         QCOMPARE(waitForFile(level()), levelFile(heroOnly));
 
         keyInWindow("ctrl+shift+s");
@@ -260,9 +265,7 @@ class EndToEndTest : public QObject {
             const bool ring = x >= 3 && x <= 9 && y >= 3 && y <= 9 && (x % 6 == 3 || y % 6 == 3);
             return ring ? Wall : x >= 4 && x <= 8 && y >= 4 && y <= 8 ? 25 : 0;
         };
-        const QString wrong =
-            firstWrongCell(waitForFile(level(), levelFile(heroOnly)), 20, expected);
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+        QCOMPARE(savedWrongly(20, expected), QString());
     }
 
     // The wall tool held in the map view's bottom-right corner: the pointer wobbles by a pixel,
@@ -287,9 +290,7 @@ class EndToEndTest : public QObject {
             const int move = 2 * (y - 16) + (x - y + 7);
             return (x - y == -7 || x - y == -6) && move >= 0 && move <= 8 ? Wall : 0;
         };
-        const QByteArray saved = waitForFile(level(), levelFile(heroOnly, false, side));
-        const QString wrong = firstWrongCell(saved, side, expected);
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+        QCOMPARE(savedWrongly(side, expected), QString());
     }
 
     // A 60 x 60 level zoomed out to 1/4 with Ctrl+wheel round cell (3, 3): a wall stroke, a
@@ -299,7 +300,7 @@ class EndToEndTest : public QObject {
         prepareFolder(folder->path(), levelFile(heroOnly, false, side));
         QVERIFY(openEditor());
         // The shrunk minimap's column is 240 wide: the map starts at (262, 19).
-        QPoint at = x->clientOrigin() + QPoint(262 + 64 * 3 + 32, 19 + 64 * 3 + 32);
+        const QPoint at = x->clientOrigin() + QPoint(262 + 64 * 3 + 32, 19 + 64 * 3 + 32);
         const auto moveTo = X11Session::moveTo;
         x->xdotool(moveTo(at) +
                    QStringList{"keydown", "ctrl", "click", "5", "click", "5", "keyup", "ctrl"});
@@ -310,7 +311,6 @@ class EndToEndTest : public QObject {
         x->drag(zoomedCell(4, 4), zoomedCell(8, 4));
         x->xdotool(moveTo(zoomedCell(12, 12)) + QStringList{"mousedown", "3"});
         x->xdotool(moveTo(zoomedCell(12, 12) + QPoint(40, 24)) + QStringList{"mouseup", "3"});
-        at += QPoint(40, 24);
         // The minimap shows 4 pixels a cell: (10, 10) lies at 40 pixels across and down.
         x->clickInWindow({{10 + 4 * 10 + 1, 17 + 4 * 10 + 1}});
         x->key("ctrl+0");
@@ -319,9 +319,7 @@ class EndToEndTest : public QObject {
         const auto expected = [](int x, int y) {
             return (y == 4 && x >= 4 && x <= 8) || (x == 10 && y == 10) ? Wall : 0;
         };
-        const QByteArray saved = waitForFile(level(), levelFile(heroOnly, false, side));
-        const QString wrong = firstWrongCell(saved, side, expected);
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+        QCOMPARE(savedWrongly(side, expected), QString());
     }
 
     void aLargeNewLevelIsEditedAndSavedInTheDesignWindow() {

@@ -161,14 +161,9 @@ bool X11Session::answerFileDialog(const QString& title, const QString& path) {
 // Looked up by its title, not by the window first found at start-up: Qt may have made that
 // one again meanwhile.
 QString X11Session::mainWindowTitle(const QString& expected) {
-    QByteArray ids;
-    if (waitUntil(20000, [&] {
-            return windowMatching('^' + QRegularExpression::escape(expected) + '$', &ids);
-        })) {
-        mainWindow = QString::fromLatin1(ids).section('\n', 0, 0);
-        return expected;
-    }
-    QByteArray titles, id;
+    const QString found = waitForWindow(expected);
+    if (!found.isEmpty()) return mainWindow = found, expected;
+    QByteArray ids, titles, id;
     windowMatching("^VARNOK LEVEL EDITOR", &ids);
     for (const QByteArray& window : ids.split('\n'))
         if (!window.isEmpty() && xdotool({"getwindowname", QString::fromLatin1(window)}, &id))
