@@ -131,8 +131,8 @@ class LevelModelTest : public QObject {
     // folder, is saved over; a link to a plain file is saved through and stays a link.
     void refusesWhatIsNoLevelFile() {
         QTemporaryDir special;
-        const QString fifo = special.filePath("fifo.VRK"), zero = special.filePath("zero.VRK");
-        const QString folder = special.filePath("folder.VRK");
+        const QString fifo = special.filePath("fifo.VRK"), zero = special.filePath("zero.VRK"),
+                      folder = special.filePath("folder.VRK");
         QCOMPARE(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
         QVERIFY(QFile::link("/dev/zero", zero));
         QVERIFY(QDir(special.path()).mkdir("folder.VRK"));
@@ -153,7 +153,7 @@ class LevelModelTest : public QObject {
                      qPrintable(failure));
         }
         struct stat node {};
-        QVERIFY(::stat(QFile::encodeName(fifo).constData(), &node) == 0 && S_ISFIFO(node.st_mode));
+        QVERIFY(!stat(QFile::encodeName(fifo), &node) && S_ISFIFO(node.st_mode));
         QVERIFY(QFileInfo(linkToFifo).isSymLink());
         const QString plain = special.filePath("plain.VRK"), link = special.filePath("link.VRK");
         QVERIFY(writeFile(plain, "old"));

@@ -28,7 +28,6 @@ class WindowTest : public QObject {
   private slots:
     void layoutFollowsTheWindowAndTheMinimap() {
         Editor editor;
-        QCOMPARE(editor.window.windowTitle(), "VARNOK LEVEL EDITOR");
         QCOMPARE(editor.window.size(), QSize(896, 641));
         auto* minimap = editor.part<MinimapView>("minimapSurface");
         auto* menu = editor.part<LevelMenu>("levelMenu");
