@@ -1,3 +1,4 @@
+#include "file_bytes.h"
 #include "level_document.h"
 #include "recovery_keeper.h"
 #include "tile_codes.h"
@@ -15,11 +16,6 @@
 
 namespace {
 constexpr qint64 GoneProcess = 99999999;  // above any pid the kernel hands out
-
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 }  // namespace
 
 class RecoveryTest : public QObject {

@@ -1,7 +1,6 @@
-#include "x11_session.h"
+#include "level_bytes.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTest>
 #include <QThread>
 
@@ -10,35 +9,6 @@
 
 namespace {
 
-// A 20 x 20 level file with only its hero, at (7, 13), written without the editor's code.
-QByteArray heroOnlyLevel() {
-    QByteArray bytes = "1\r\n 34 \r\n 34 \r\n";
-    for (int y = -7; y < 27; ++y) {
-        QByteArray row(34, '0');
-        if (y == 13) row[7 + 7] = char(48 + 135);
-        bytes += row + "\r\n";
-    }
-    return bytes;
-}
-
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// The code of a cell of a saved 20 x 20 level.
-int savedCell(const QByteArray& saved, int x, int y) {
-    return quint8(saved.split('\n').value(3 + 7 + y).at(7 + x)) - 48;
-}
-
-// Places in the 896 x 1150 window's client area: palette entries, map cells, the menu's Uložit.
-QPoint entry(int place) {
-    return {50, 179 + 72 * place};
-}
-QPoint cell(int column, int row) {
-    return {174 + 64 * column, 51 + 64 * row};
-}
-const QPoint saveButton(54, 1115);
 constexpr int Crate = 25;
 
 const QString Recover = QStringLiteral("Obnovit level");
@@ -63,14 +33,10 @@ class RecoveryEndToEndTest : public QObject {
     bool startEditor() {
         return x->startEditor(VARNOK_EDITOR, folder->path()) && x->closeBox("Nápověda");
     }
-    void clickInWindow(std::initializer_list<QPoint> places) {
-        const QPoint client = x->clientOrigin();
-        for (QPoint place : places) x->click(client + place);
-    }
     // Paints a crate at (5, 5), waits until the copy has surely been written, kills the editor.
     void paintAndKill() {
         x->resizeEditor(896, 1150);
-        clickInWindow({entry(4), cell(5, 5)});
+        x->clickInWindow({entry(4), cell(5, 5)});
         QThread::msleep(3000);
         QCOMPARE(::kill(pid_t(x->editorId()), SIGKILL), 0);
         QCOMPARE(x->editorExitCode(), -1);
@@ -79,11 +45,8 @@ class RecoveryEndToEndTest : public QObject {
     QByteArray save() {
         x->resizeEditor(896, 1150);
         const QByteArray before = bytesOf(level());
-        clickInWindow({saveButton});
-        if (!x->closeBox("Uložit přes starý")) return {};
-        QByteArray saved;
-        X11Session::waitUntil(10000, [&] { return (saved = bytesOf(level())) != before; });
-        return saved;
+        x->clickInWindow({saveButton});
+        return x->closeBox("Uložit přes starý") ? waitForFile(level(), before) : QByteArray();
     }
 
   private slots:
@@ -93,16 +56,14 @@ class RecoveryEndToEndTest : public QObject {
         state.emplace();
         x->setEditorVariable("XDG_STATE_HOME", state->path());
         QFile::copy(VARNOK_SHEET, folder->filePath("EditPic.jpg"));
-        QFile file(level());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(heroOnlyLevel());
+        QVERIFY(writeFile(level(), levelFile(heroOnly)));
     }
 
     void aKilledEditorsWorkComesBack() {
         QVERIFY(startEditor());
         paintAndKill();
         QCOMPARE(copies().size(), 1);
-        QCOMPARE(bytesOf(level()), heroOnlyLevel());  // the level file is Save's alone
+        QCOMPARE(bytesOf(level()), levelFile(heroOnly));  // the level file is Save's alone
 
         // No: the file's level stays, the copy goes to discarded/.
         QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));
@@ -123,12 +84,12 @@ class RecoveryEndToEndTest : public QObject {
         QVERIFY(startEditor());
         QVERIFY(x->closeBox(Recover));
         QCOMPARE(save(), painted);
-        clickInWindow({QPoint(100, 8)});  // the mouse hint: the window takes the keys
+        x->clickInWindow({QPoint(100, 8)});  // the mouse hint: the window takes the keys
         x->key("ctrl+z");
         QCOMPARE(savedCell(save(), 5, 5), 0);
 
         // Closed normally, the editor leaves no copy and asks nothing at the next start.
-        clickInWindow({entry(4), cell(6, 6)});
+        x->clickInWindow({entry(4), cell(6, 6)});
         QVERIFY(X11Session::waitUntil(3000, [&] { return !copies().isEmpty(); }));
         QVERIFY(x->closeEditorWindow());
         QCOMPARE(x->editorExitCode(), 0);

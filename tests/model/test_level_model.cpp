@@ -1,3 +1,4 @@
+#include "file_bytes.h"
 #include "file_names.h"
 #include "frame_prediction.h"
 #include "level.h"
@@ -17,17 +18,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-QByteArray readAll(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeAll(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 // A level whose every cell, the margin included, holds `code`.
 Level filledLevel(int width, int height, int code) {
@@ -72,7 +62,7 @@ class LevelModelTest : public QObject {
         QList<QByteArray> lines(20, QByteArray(20, '0'));
         lines[0][3] = 'A';
         lines[19][19] = char(183);
-        QCOMPARE(readAll(path()),
+        QCOMPARE(bytesOf(path()),
                  levelFile(20, 20, lines) + (QByteArray(34, '0') + "\r\n").repeated(7));
     }
 
@@ -124,7 +114,7 @@ class LevelModelTest : public QObject {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, reason);
         QFile::remove(path());
-        if (!bytes.isNull()) writeAll(path(), bytes);
+        if (!bytes.isNull()) QVERIFY(writeFile(path(), bytes));
         Level level = filledLevel(5, 6, 25);
         level.setHero(QPoint(3, 0));
         const QByteArray kept = encodeLevelFile(level);
@@ -141,8 +131,8 @@ class LevelModelTest : public QObject {
     // folder, is saved over; a link to a plain file is saved through and stays a link.
     void refusesWhatIsNoLevelFile() {
         QTemporaryDir special;
-        const QString fifo = special.filePath("fifo.VRK"), zero = special.filePath("zero.VRK");
-        const QString folder = special.filePath("folder.VRK");
+        const QString fifo = special.filePath("fifo.VRK"), zero = special.filePath("zero.VRK"),
+                      folder = special.filePath("folder.VRK");
         QCOMPARE(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
         QVERIFY(QFile::link("/dev/zero", zero));
         QVERIFY(QDir(special.path()).mkdir("folder.VRK"));
@@ -163,15 +153,15 @@ class LevelModelTest : public QObject {
                      qPrintable(failure));
         }
         struct stat node {};
-        QVERIFY(::stat(QFile::encodeName(fifo).constData(), &node) == 0 && S_ISFIFO(node.st_mode));
+        QVERIFY(!stat(QFile::encodeName(fifo), &node) && S_ISFIFO(node.st_mode));
         QVERIFY(QFileInfo(linkToFifo).isSymLink());
         const QString plain = special.filePath("plain.VRK"), link = special.filePath("link.VRK");
-        writeAll(plain, "old");
+        QVERIFY(writeFile(plain, "old"));
         QVERIFY(QFile::link(plain, link));
         level.reset(3, 3);
         QVERIFY(writeLevelFile(level, link).ok());
         QVERIFY(QFileInfo(link).isSymLink());
-        QCOMPARE(readAll(plain), encodeLevelFile(level));
+        QCOMPARE(bytesOf(plain), encodeLevelFile(level));
         QByteArray endless(8 << 20, '0');
         QBuffer buffer(&endless);
         buffer.open(QIODevice::ReadOnly);
@@ -190,9 +180,7 @@ class LevelModelTest : public QObject {
         }
         QCOMPARE(fileNameFromBytes("úroveň.VRK"), QString("úroveň.VRK"));  // UTF-8 as it is
         QTemporaryDir folder;
-        const QByteArray raw = QFile::encodeName(folder.path()) +
-                               "/a\xff\xc3"
-                               "b.VRK";
+        const QByteArray raw = QFile::encodeName(folder.path()) + "/a\xff\xc3\x62.VRK";
         const QString name = fileNameFromBytes(raw);
         Level level = filledLevel(5, 4, 25), back;
         level.setCell(1, 1, HeroCode);
@@ -201,9 +189,7 @@ class LevelModelTest : public QObject {
         QVERIFY(::stat(raw.constData(), &written) == 0 && S_ISREG(written.st_mode));
         QVERIFY(readLevelFile(back, name).ok());
         QCOMPARE(encodeLevelFile(back), encodeLevelFile(level));
-        QVERIFY(
-            shownFileName(name).endsWith("/a\\xff\\xc3"
-                                         "b.VRK"));
+        QVERIFY(shownFileName(name).endsWith("/a\\xff\\xc3\x62.VRK"));
     }
 
     void queriesStayInTheLevelProper() {

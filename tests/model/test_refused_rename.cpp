@@ -1,3 +1,4 @@
+#include "file_bytes.h"
 #include "level.h"
 #include "level_file.h"
 #include "tile_codes.h"
@@ -24,10 +25,6 @@ Level levelOf(int side) {
 QByteArray levelBytes(int side) {
     return encodeLevelFile(levelOf(side));
 }
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // The child's part, run under the shim: saves a level of `side` cells a side over `path`, under
 // a file size limit when `limit` is not 0. Prints the failure, if any.
@@ -50,10 +47,7 @@ class RefusedRenameTest : public QObject {
 
     // Saves a level of `side` over a 20 x 20 one; what the child printed.
     QString save(const char* error, int side, bool newFilesToo = false, rlim_t limit = 0) {
-        QFile old(path);
-        if (!old.open(QIODevice::WriteOnly | QIODevice::Truncate)) return "no old file";
-        old.write(levelBytes(20));
-        old.close();
+        if (!writeFile(path, levelBytes(20))) return "no old file";
         QFile::remove(path + "~");
         QProcess child;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -178,13 +178,8 @@ class PropertyTest : public QObject {
                     const int got = filled.cell(x, y), want = oneByOne.cell(x, y);
                     if (isWallPiece(got) && isWallPiece(want)) continue;
                     if (got != want)
-                        QFAIL(qPrintable(QStringLiteral("round %1: cell (%2, %3) is %4, one by one "
-                                                        "%5")
-                                             .arg(round)
-                                             .arg(x)
-                                             .arg(y)
-                                             .arg(got)
-                                             .arg(want)));
+                        QFAIL(qPrintable(QString::asprintf(
+                            "round %d: (%d, %d) is %d, one by one %d", round, x, y, got, want)));
                     QCOMPARE(fillRenderer.minimap().dotAt(x, y),
                              *minimapColourFor(got, MinimapBackground));
                 }

@@ -208,10 +208,7 @@ class RenderTest : public QObject {
                                                          cell / SheetColumns * c + py % c);
                         }
                         if (image.pixel(px, py) != expected)
-                            QFAIL(qPrintable(QStringLiteral("step %1: pixel (%2, %3)")
-                                                 .arg(step)
-                                                 .arg(px)
-                                                 .arg(py)));
+                            QFAIL(qPrintable(QString::asprintf("step %d: (%d, %d)", step, px, py)));
                     }
             }
         }
@@ -219,12 +216,10 @@ class RenderTest : public QObject {
     // A block's picture is the largest zoom step within 2048 pixels a side, and each of its
     // cells shows the sheet cell of its code (grey for a code without a picture).
     void blockPictureShowsEachCell() {
-        QCOMPARE(blockPictureZoomStep(1, 1), 0);
-        QCOMPARE(blockPictureZoomStep(32, 5), 0);  // exactly 2048 pixels wide
-        QCOMPARE(blockPictureZoomStep(5, 33), 1);
-        QCOMPARE(blockPictureZoomStep(64, 64), 1);
-        QCOMPARE(blockPictureZoomStep(65, 2), 2);
-        QCOMPARE(blockPictureZoomStep(1000, 1000), 5);
+        const int steps[][3] = {{1, 1, 0},  {32, 5, 0},     {5, 33, 1}, {64, 64, 1},
+                                {65, 2, 2}, {1000, 1000, 5}};  // 32 x 5: just 2048 wide
+        for (const auto& [w, h, step] : steps)
+            QCOMPARE(std::tuple(w, h, blockPictureZoomStep(w, h)), std::tuple(w, h, step));
         const SpriteSheet sheet = numberedSheet(TileSize);
         ZoomedTiles zoomed(sheet);
         for (const QSize size : {QSize(3, 2), QSize(31, 33), QSize(70, 9), QSize(1000, 2)}) {
@@ -240,11 +235,8 @@ class RenderTest : public QObject {
                     const int code = block.at(px / c, py / c);
                     const QRgb expected = hasPicture(code) ? cellColour(code) : MapBackground;
                     if (picture.pixel(px, py) != expected)
-                        QFAIL(qPrintable(QStringLiteral("%1 x %2: pixel (%3, %4)")
-                                             .arg(size.width())
-                                             .arg(size.height())
-                                             .arg(px)
-                                             .arg(py)));
+                        QFAIL(qPrintable(QString::asprintf("%d x %d: (%d, %d)", size.width(),
+                                                           size.height(), px, py)));
                 }
         }
     }

@@ -161,14 +161,9 @@ bool X11Session::answerFileDialog(const QString& title, const QString& path) {
 // Looked up by its title, not by the window first found at start-up: Qt may have made that
 // one again meanwhile.
 QString X11Session::mainWindowTitle(const QString& expected) {
-    QByteArray ids;
-    if (waitUntil(20000, [&] {
-            return windowMatching('^' + QRegularExpression::escape(expected) + '$', &ids);
-        })) {
-        mainWindow = QString::fromLatin1(ids).section('\n', 0, 0);
-        return expected;
-    }
-    QByteArray titles, id;
+    const QString found = waitForWindow(expected);
+    if (!found.isEmpty()) return mainWindow = found, expected;
+    QByteArray ids, titles, id;
     windowMatching("^VARNOK LEVEL EDITOR", &ids);
     for (const QByteArray& window : ids.split('\n'))
         if (!window.isEmpty() && xdotool({"getwindowname", QString::fromLatin1(window)}, &id))
@@ -188,20 +183,19 @@ void X11Session::resizeEditor(int width, int height) {
     QThread::msleep(300);
 }
 
-static QStringList mouseMove(QPoint screen) {
-    return {"mousemove", "--sync", QString::number(screen.x()), QString::number(screen.y())};
-}
-
 void X11Session::click(QPoint screen) {
-    xdotool(mouseMove(screen) << "click"
-                              << "1");
+    xdotool(moveTo(screen) + QStringList{"click", "1"});
     QThread::msleep(150);
 }
 
+void X11Session::clickInWindow(std::initializer_list<QPoint> places) {
+    const QPoint client = clientOrigin();
+    for (QPoint place : places) click(client + place);
+}
+
 void X11Session::drag(QPoint from, QPoint to) {
-    xdotool(mouseMove(from) << "mousedown"
-                            << "1");
-    for (int step = 1; step <= 8; ++step) xdotool(mouseMove(from + (to - from) * step / 8));
+    xdotool(moveTo(from) + QStringList{"mousedown", "1"});
+    for (int step = 1; step <= 8; ++step) xdotool(moveTo(from + (to - from) * step / 8));
     xdotool({"mouseup", "1"});
     QThread::msleep(150);
 }

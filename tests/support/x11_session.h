@@ -50,11 +50,16 @@ class X11Session {
     QPoint clientOrigin() { return windowOrigin(mainWindow); }  // the main window's, on screen
     void resizeEditor(int width, int height);
     void click(QPoint screen);
+    void clickInWindow(std::initializer_list<QPoint> places);  // points of the client area
     void drag(QPoint from, QPoint to);
     void key(const QString& keys);
     bool run(const QString& program, const QStringList& arguments, QByteArray* output = nullptr);
     bool xdotool(const QStringList& arguments, QByteArray* output = nullptr) {
         return run("xdotool", arguments, output);
+    }
+    // xdotool's arguments that move the pointer there and wait until it has moved.
+    static QStringList moveTo(QPoint screen) {
+        return {"mousemove", "--sync", QString::number(screen.x()), QString::number(screen.y())};
     }
     QImage screenshot();
 

@@ -1,4 +1,5 @@
 #include "editor_texts.h"
+#include "file_bytes.h"
 #include "mouse.h"
 #include "tile_codes.h"
 
@@ -11,16 +12,6 @@
 namespace {
 
 const QString Help = "information|Nápověda|" + EditorTexts::helpText();
-
-QByteArray fileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-}
-
-void writeAll(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-}
 
 QByteArray jpeg(int width, int height) {
     QImage image(width, height, QImage::Format_RGB32);
@@ -77,7 +68,8 @@ class EditingTest : public QObject {
     void edgeScrollingMovesSharingAFrameShowTheSame() {
         QByteArray saved[2];
         Placement scrolled[2];
-        for (int shared : {1, 3}) {
+        for (int index : {0, 1}) {
+            const int shared = index == 0 ? 1 : 3;
             Editor editor(QSize(60, 60));
             editor.window.show();
             QVERIFY(QTest::qWaitForWindowExposed(&editor.window));
@@ -97,20 +89,16 @@ class EditingTest : public QObject {
             }
             release(editor.map, pointer(12));
             QApplication::processEvents();
-            const int index = shared == 1 ? 0 : 1;
             saved[index] = encodeLevelFile(editor.level);
             scrolled[index] = editor.map->placement();
             QCOMPARE(editor.map->pos(), scrolled[index].rounded().topLeft());
             QCOMPARE(editor.outline->pos(), editor.outline->placement().rounded().topLeft());
 
+            const QImage window =
+                editor.window.screen()->grabWindow(editor.window.winId()).toImage();
             const QRect area(editor.viewport->mapTo(&editor.window, QPoint()),
                              editor.viewport->size());
-            const QImage shown = editor.window.screen()
-                                     ->grabWindow(editor.window.winId())
-                                     .toImage()
-                                     .copy(area)
-                                     .convertToFormat(QImage::Format_RGB32);
-            QCOMPARE(shown,
+            QCOMPARE(window.copy(area).convertToFormat(QImage::Format_RGB32),
                      editor.viewport->grab().toImage().convertToFormat(QImage::Format_RGB32));
         }
         QCOMPARE(scrolled[0].left, -13 * 32.0f);  // the press and twelve moves
@@ -184,16 +172,16 @@ class EditingTest : public QObject {
     void startUpOpenAndSave() {
         Editor editor(QSize(30, 24), QPoint(29, 23), HeroCode);  // the only hero, in the last cell
         const QString file = editor.path(LevelFileName);
-        const QByteArray before = fileBytes(file);
+        const QByteArray before = bytesOf(file);
         press(editor.map, cellCentre({5, 5}));  // the wall tool is chosen
         editor.dialogs.answers = {false, false};
         editor.window.saveLevel();  // answered No
         editor.window.openLevel();  // answered No
-        QCOMPARE(fileBytes(file), before);
+        QCOMPARE(bytesOf(file), before);
         QCOMPARE(editor.level.cell(5, 5), 14);
         editor.window.saveLevel();  // Yes: the hero in the last cell is found, the file written
         const QByteArray saved = encodeLevelFile(editor.level);
-        QCOMPARE(fileBytes(file), saved);
+        QCOMPARE(bytesOf(file), saved);
         editor.newLevel("20", "20");
         QTest::mouseClick(editor.part("saveButton"), Qt::LeftButton);  // no hero now
         QTest::mouseClick(editor.part("openButton"), Qt::LeftButton);
@@ -231,7 +219,7 @@ class EditingTest : public QObject {
         QFETCH(bool, refused);
         QFETCH(QSize, cell);
         Editor editor;
-        writeAll(editor.path(SpriteSheetFileName), bytes);
+        QVERIFY(writeFile(editor.path(SpriteSheetFileName), bytes));
         editor.window.startUp();
         const QString told = "error||" + EditorTexts::unreadableSheet(SpriteSheetFileName);
         QCOMPARE(editor.dialogs.shown, refused ? QStringList({told, Help}) : QStringList{Help});
@@ -283,7 +271,7 @@ class EditingTest : public QObject {
         QVERIFY(QFile::remove(file));
         if (bytes == "folder") QVERIFY(QDir(editor.folder.path()).mkdir(LevelFileName));
         if (pipe) QCOMPARE(mkfifo(QFile::encodeName(file).constData(), 0600), 0);
-        if (!folder && !bytes.isNull()) writeAll(file, bytes);
+        if (!folder && !bytes.isNull()) QVERIFY(writeFile(file, bytes));
         editor.window.openLevel();
         editor.window.saveLevel();
         const QStringList& shown = editor.dialogs.shown;
@@ -293,10 +281,9 @@ class EditingTest : public QObject {
         if (folder) QVERIFY(shown[4].startsWith("error||Level se nepodařilo uložit do souboru"));
         struct stat node {};
         if (pipe)  // still the pipe, which reading would wait on
-            QVERIFY(::stat(QFile::encodeName(file).constData(), &node) == 0 &&
-                    S_ISFIFO(node.st_mode));
+            QVERIFY(!stat(QFile::encodeName(file), &node) && S_ISFIFO(node.st_mode));
         else
-            QCOMPARE(fileBytes(file), folder ? "(none)" : before);  // a folder opens as no file
+            QCOMPARE(bytesOf(file), folder ? QByteArray() : before);  // a folder reads as nothing
     }
 };
 

@@ -156,23 +156,21 @@ class LargeLevelsTest : public QObject {
         editor.newLevel("100", "50");
         MapViewport* viewport = editor.viewport;
         const QSize view = viewport->contentsRect().size();
-        turnWheel(viewport, -120);
-        QCOMPARE(viewport->mapPlacement().top, -64.0f);
-        turnWheel(viewport, -120, Qt::ShiftModifier);
-        QCOMPARE(viewport->mapPlacement().left, -64.0f);
-        turnWheel(viewport, -120 * 1000);
-        QCOMPARE(viewport->mapPlacement().top, float(view.height() - 64 * 50));
-        turnWheel(viewport, -120 * 1000, Qt::ShiftModifier);
-        QCOMPARE(viewport->mapPlacement().left, float(view.width() - 64 * 100));
+        const auto mapAfter = [&](int angle, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+            turnWheel(viewport, angle, keys);
+            return Placement(viewport->mapPlacement());
+        };
+        QCOMPARE(mapAfter(-120).top, -64.0f);
+        QCOMPARE(mapAfter(-120, Qt::ShiftModifier).rounded().topLeft(), QPoint(-64, -64));
+        QCOMPARE(mapAfter(-120 * 1000).top, float(view.height() - 64 * 50));
+        QCOMPARE(mapAfter(-120 * 1000, Qt::ShiftModifier).left, float(view.width() - 64 * 100));
         QCOMPARE(editor.part<OutlineShape>("minimapViewFrame")->placement().left,
                  float(64 * 100 - view.width()) / 64 * 6 * 240 / 600);
         // A map dragged past its end stays there: the wheel turned on never pulls it back.
         const float pastEnd = float(view.height() - 64 * 50 - 200);
         viewport->moveMapTo({0, pastEnd});
-        turnWheel(viewport, -120);
-        QCOMPARE(viewport->mapPlacement().top, pastEnd);
-        turnWheel(viewport, 120);
-        QCOMPARE(viewport->mapPlacement().top, pastEnd + 64);
+        QCOMPARE(mapAfter(-120).top, pastEnd);
+        QCOMPARE(mapAfter(120).top, pastEnd + 64);
 
         auto* palette = editor.part<ToolStrip>("toolStripViewport");
         turnWheel(palette, -120);
@@ -189,8 +187,7 @@ class LargeLevelsTest : public QObject {
         QCOMPARE(palette->stripPlacement().top, 8.0f);
 
         editor.newLevel("100", "5");  // a map lower than the view
-        turnWheel(viewport, -120);
-        QCOMPARE(viewport->mapPlacement().top, 0.0f);
+        QCOMPARE(mapAfter(-120).top, 0.0f);
     }
 };
 

@@ -1,4 +1,5 @@
 #include "editor_texts.h"
+#include "file_bytes.h"
 #include "mouse.h"
 #include "recent_files.h"
 #include "tile_codes.h"
@@ -7,11 +8,6 @@
 
 namespace {
 const QString Title = QStringLiteral("VARNOK LEVEL EDITOR");
-
-QByteArray fileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // A level file of this size with the hero at (5, 5).
 void writeLevel(const QString& path, int side) {
@@ -128,13 +124,13 @@ class LevelFilesTest : public QObject {
         const QString cellar = others.filePath("cellar.VRK");
         QCOMPARE(saveAs(others.filePath("cellar")),
                  "save|" + editor.folder.path() + "|" + editor.path(LevelFileName));
-        QCOMPARE(fileBytes(cellar), encodeLevelFile(editor.level));
+        QCOMPARE(bytesOf(cellar), encodeLevelFile(editor.level));
         QCOMPARE(editor.window.windowTitle(), Title + " — cellar.VRK");
 
         editor.document.applyTool(8, 8, 25);
         QCOMPARE(saveAs(cellar, {false}),
                  "question|" + EditorTexts::SaveTitle + "|" + EditorTexts::SaveQuestion);
-        QVERIFY(fileBytes(cellar) != encodeLevelFile(editor.level));
+        QVERIFY(bytesOf(cellar) != encodeLevelFile(editor.level));
         editor.document.applyTool(5, 5, 0);
         QCOMPARE(saveAs(others.filePath("sklep.vrk")),
                  "warning|" + EditorTexts::NoHeroTitle + "|" + EditorTexts::NoHero);
@@ -142,7 +138,7 @@ class LevelFilesTest : public QObject {
 
         editor.document.applyTool(6, 6, HeroCode);
         saveAs(editor.path(LevelFileName), {true});
-        QCOMPARE(fileBytes(editor.path(LevelFileName)), encodeLevelFile(editor.level));
+        QCOMPARE(bytesOf(editor.path(LevelFileName)), encodeLevelFile(editor.level));
         QCOMPARE(editor.window.windowTitle(), Title);
         QCOMPARE(recent.files(), QStringList({editor.path(LevelFileName), cellar}));
     }

@@ -28,7 +28,6 @@ class WindowTest : public QObject {
   private slots:
     void layoutFollowsTheWindowAndTheMinimap() {
         Editor editor;
-        QCOMPARE(editor.window.windowTitle(), "VARNOK LEVEL EDITOR");
         QCOMPARE(editor.window.size(), QSize(896, 641));
         auto* minimap = editor.part<MinimapView>("minimapSurface");
         auto* menu = editor.part<LevelMenu>("levelMenu");
@@ -61,31 +60,23 @@ class WindowTest : public QObject {
                  130 / 64.0f * 6);  // the frame still follows
     }
 
-    // A click on an entry selects its tool; the outline on the map takes the tool's size.
-    void paletteChoosesATool_data() {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QSize>("outline");
-        QTest::newRow("room E") << 6 << QSize(256, 192);
-        QTest::newRow("hero") << HeroCode << QSize(64, 64);
-        QTest::newRow("room B") << 3 << QSize(192, 256);
-    }
+    // A click on an entry selects its tool; the outline on the map takes the tool's size. The
+    // pressed entry is outlined in dark blue, the wall tool's, chosen with every new level, not.
     void paletteChoosesATool() {
-        QFETCH(int, code);
-        QFETCH(QSize, outline);
-        Editor editor;
-        editor.window.show();
-        editor.window.newLevel();  // the wall tool is chosen with every new level
-        auto* button = editor.part<QToolButton>(qPrintable(QString("toolButton_%1").arg(code)));
-        QTest::mouseClick(button, Qt::LeftButton);
-        QCOMPARE(editor.window.selectedTool(), code);
-        QCOMPARE(editor.outline->size(), outline);
-        QVERIFY(button->isChecked() && !editor.part<QToolButton>("toolButton_1")->isChecked());
-        // The pressed entry is outlined in dark blue; a released one is not.
-        const auto edgeOf = [](QWidget* entry) {
-            return entry->grab().toImage().pixelColor(2, 30);
-        };
-        QCOMPARE(edgeOf(button), QColor(0, 0, 64));
-        QVERIFY(edgeOf(editor.part<QToolButton>("toolButton_1")) != QColor(0, 0, 64));
+        for (auto [code, outline] :
+             {std::pair{6, QSize(256, 192)}, {HeroCode, QSize(64, 64)}, {3, QSize(192, 256)}}) {
+            Editor editor;
+            editor.window.show();
+            editor.window.newLevel();
+            auto* button = editor.part<QToolButton>(qPrintable(QString("toolButton_%1").arg(code)));
+            QTest::mouseClick(button, Qt::LeftButton);
+            QCOMPARE(editor.window.selectedTool(), code);
+            QCOMPARE(editor.outline->size(), outline);
+            auto* wall = editor.part<QToolButton>("toolButton_1");
+            QVERIFY(button->isChecked() && !wall->isChecked());
+            QCOMPARE(button->grab().toImage().pixelColor(2, 30), QColor(0, 0, 64));
+            QVERIFY(wall->grab().toImage().pixelColor(2, 30) != QColor(0, 0, 64));
+        }
     }
 
     // Whatever font stands in for the one asked for, the captions are whole.
@@ -105,8 +96,6 @@ class WindowTest : public QObject {
         }
     }
 
-    // Any button drags the strip by its background; the pressed point stays under the
-    // pointer, so down and back up returns it exactly.
     // Alt+A and Alt+N answer a question; were they ignored, Esc (No) and Return (Yes) would.
     void questionsAnswerToAltAndTheFirstLetter() {
         MessageBoxDialogs dialogs;
@@ -159,31 +148,24 @@ class WindowTest : public QObject {
         }
     }
 
-    void paletteStripIsDragged_data() {
-        QTest::addColumn<Qt::MouseButton>("button");
-        QTest::newRow("left") << Qt::LeftButton;
-        QTest::newRow("right") << Qt::RightButton;
-        QTest::newRow("middle") << Qt::MiddleButton;
-    }
+    // Any button drags the strip by its background; the pressed point stays under the
+    // pointer, so down and back up returns it exactly.
     void paletteStripIsDragged() {
-        QFETCH(Qt::MouseButton, button);
-        Editor editor;
-        editor.window.show();
-        auto* palette = editor.part<ToolStrip>("toolStripViewport");
-        auto* strip = editor.part("toolStrip");
-        QCOMPARE(palette->stripPlacement().top, 8.0f);
-        press(strip, {100, 20}, button);
-        drag(strip, {100, 120}, button);
-        QCOMPARE(palette->stripPlacement().top, 108.0f);
-        drag(strip, {100, -80}, button);
-        QCOMPARE(palette->stripPlacement().top, 8.0f);
-        drag(strip, {100, -5000}, button);
-        QCOMPARE(palette->stripPlacement().top, 8 - 5020.0f);
-        drag(strip, {100, 200}, Qt::NoButton);  // hovering moves nothing
-        QCOMPARE(palette->stripPlacement().top, 8 - 5020.0f);
-        press(editor.part("toolButton_0"), {10, 10});  // a press on an entry drags nothing
-        drag(editor.part("toolButton_0"), {10, 300});
-        QCOMPARE(palette->stripPlacement().top, 8 - 5020.0f);
+        for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+            Editor editor;
+            editor.window.show();
+            auto* palette = editor.part<ToolStrip>("toolStripViewport");
+            auto* strip = editor.part("toolStrip");
+            press(strip, {100, 20}, button);
+            for (auto [to, top] : {std::pair{120, 108.0f}, {-80, 8.0f}, {-5000, 8 - 5020.0f}}) {
+                drag(strip, {100, qreal(to)}, button);  // in the strip's own, moved, points
+                QCOMPARE(palette->stripPlacement().top, top);
+            }
+            drag(strip, {100, 200}, Qt::NoButton);         // hovering moves nothing
+            press(editor.part("toolButton_0"), {10, 10});  // a press on an entry drags nothing
+            drag(editor.part("toolButton_0"), {10, 300});
+            QCOMPARE(palette->stripPlacement().top, 8 - 5020.0f);
+        }
     }
 };
 
