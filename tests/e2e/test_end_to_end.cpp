@@ -2,9 +2,11 @@
 #include "level_document.h"
 
 #include <QTest>
+#include <QThread>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <csignal>
 #include <functional>
 #include <optional>
 
@@ -28,6 +30,9 @@ QString firstWrongCell(const QByteArray& saved, int side,
     return {};
 }
 
+const QString Recover = QStringLiteral("Obnovit level");
+const QString OpenElsewhere = QStringLiteral("Level je otevřený");
+
 int distance(QRgb a, QRgb b) {
     return qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b));
 }
@@ -38,6 +43,7 @@ class EndToEndTest : public QObject {
     Q_OBJECT
     std::optional<X11Session> x;
     std::optional<QTemporaryDir> folder;
+    std::optional<QTemporaryDir> state;  // where the recovery copies go
 
     // The sheet, and the level unless it is empty, in `dir`.
     void prepareFolder(const QDir& dir, const QByteArray& level = {},
@@ -66,12 +72,31 @@ class EndToEndTest : public QObject {
         return firstWrongCell(waitForFile(level(), levelFile(heroOnly, false, side)), side,
                               expected);
     }
+    // Saves the level on screen; its bytes.
+    QByteArray savedBytes() {
+        x->resizeEditor(896, 1150);
+        const QByteArray before = bytesOf(level());
+        return save() ? waitForFile(level(), before) : QByteArray();
+    }
+    QDir recovery() const { return QDir(state->filePath("varnok/recovery")); }
+    QStringList copies(const QString& under = {}) const {
+        return QDir(recovery().filePath(under)).entryList({"*.VRK"}, QDir::Files);
+    }
+    // Paints a crate at (5, 5), waits until the copy has surely been written, kills the editor.
+    void paintAndKill() {
+        x->clickInWindow({entry(4), cell(5, 5)});
+        QThread::msleep(3000);
+        QCOMPARE(::kill(pid_t(x->editorId()), SIGKILL), 0);
+        QCOMPARE(x->editorExitCode(), -1);
+    }
 
   private slots:
     // A fresh X server for every case, then its folder, named in Czech with blanks.
     void init() {
         x.emplace();
         folder.emplace(QDir::tempPath() + "/Úrovně hry XXXXXX");
+        state.emplace();
+        x->setEditorVariable("XDG_STATE_HOME", state->path());
     }
 
     void paintAndSaveALevel() {
@@ -172,33 +197,29 @@ class EndToEndTest : public QObject {
         }
     }
 
-    void aReadOnlyFolderKeepsItsLevel() {
+    // A folder the editor may not write to, then a file-size limit: each save fails, told in
+    // a box, and leaves the old file byte for byte, no stray files, the editor running.
+    void failedSavesKeepTheLevelFile() {
         prepareFolder(folder->path(), levelFile(heroOnly));
         // A copy of the editor that an ordinary user may run, wherever the build lies.
         const QString program = folder->filePath("varnok-editor");
         QVERIFY(QFile::copy(VARNOK_EDITOR, program));
         QCOMPARE(chmod(QFile::encodeName(program), 0555), 0);
         QCOMPARE(chmod(QFile::encodeName(folder->path()), 0555), 0);
-
         QVERIFY(openEditor({}, program, X11Session::User::Ordinary));
-        QVERIFY(save());
-        QVERIFY(x->messageText("Varnok Editor")
-                    .contains("Level se nepodařilo uložit do souboru level99.VRK"));
-        QVERIFY(x->closeBox("Varnok Editor"));
-        QVERIFY(x->editorRunning());
-        QCOMPARE(waitForFile(level()), levelFile(heroOnly));
-        QCOMPARE(QDir(folder->path()).entryList(QDir::Files).size(), 3);  // no leftovers
-    }
-
-    void aFileSizeLimitFailsTheSaveOnly() {
-        prepareFolder(folder->path(), levelFile(heroOnly));
-        QVERIFY(openEditor());
         const rlimit kilobyte{1024, 1024};  // under the 1.3 kB level
-        QCOMPARE(prlimit(pid_t(x->editorId()), RLIMIT_FSIZE, &kilobyte, nullptr), 0);
-        QVERIFY(save());
-        QVERIFY(x->messageText("Varnok Editor").contains("level99.VRK: soubor by byl větší"));
-        QVERIFY(x->editorRunning());
-        QCOMPARE(waitForFile(level()), levelFile(heroOnly));
+        for (const char* reason : {"přístup odepřen", "soubor by byl větší"}) {
+            QVERIFY(save());
+            QVERIFY2(x->messageText("Varnok Editor")
+                         .contains(QString("uložit do souboru level99.VRK: ") + reason),
+                     reason);
+            QVERIFY(x->closeBox("Varnok Editor"));
+            QVERIFY(x->editorRunning());
+            QCOMPARE(waitForFile(level()), levelFile(heroOnly));
+            QCOMPARE(QDir(folder->path()).entryList(QDir::Files).size(), 3);
+            QCOMPARE(chmod(QFile::encodeName(folder->path()), 0777), 0);
+            QCOMPARE(prlimit(pid_t(x->editorId()), RLIMIT_FSIZE, &kilobyte, nullptr), 0);
+        }
     }
 
     // Started without a terminal (its standard error is no terminal here), as from the desktop
@@ -399,6 +420,76 @@ class EndToEndTest : public QObject {
         QVERIFY(save());
         QCOMPARE(waitForFile(level(), edited), encodeLevelFile(model.level()));
         QCOMPARE(model.level().cell(5, 5), 16);  // back to the painted T
+    }
+
+    // The editor killed and started again on the same folder, and two editors on one level file.
+    void aKilledEditorsWorkComesBack() {
+        prepareFolder(folder->path(), levelFile(heroOnly));
+        QVERIFY(openEditor());
+        paintAndKill();
+        QCOMPARE(copies().size(), 1);
+        QCOMPARE(bytesOf(level()), levelFile(heroOnly));  // the level file is Save's alone
+
+        // No: the file's level stays, the copy goes to discarded/.
+        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));
+        QVERIFY(!x->boxShown(Recover));  // the help box comes first
+        QVERIFY(x->closeBox("Nápověda"));
+        QVERIFY(x->messageText(Recover).startsWith(
+            "Editor nebyl řádně ukončen. Obnovit neuložené změny levelu level99.VRK z "));
+        x->key("Escape");
+        QVERIFY(X11Session::waitUntil(5000, [&] { return !x->boxShown(Recover); }));
+        QCOMPARE(copies("discarded"), QStringList{copies("discarded").value(0)});
+        QVERIFY(copies().isEmpty());
+        QCOMPARE(savedCell(savedBytes(), 5, 5), 0);
+
+        // Yes: the painted level, exactly as copied, as one step that Ctrl+Z takes back.
+        paintAndKill();
+        const QByteArray painted = bytesOf(recovery().filePath(copies().value(0)));
+        QCOMPARE(savedCell(painted, 5, 5), 25);  // the crate
+        QVERIFY(openEditor());
+        QVERIFY(x->closeBox(Recover));
+        QCOMPARE(savedBytes(), painted);
+        x->clickInWindow({QPoint(100, 8)});  // the mouse hint: the window takes the keys
+        x->key("ctrl+z");
+        QCOMPARE(savedCell(savedBytes(), 5, 5), 0);
+
+        // Closed normally, the editor leaves no copy and asks nothing at the next start.
+        x->clickInWindow({entry(4), cell(6, 6)});
+        QVERIFY(X11Session::waitUntil(3000, [&] { return !copies().isEmpty(); }));
+        QVERIFY(x->closeEditorWindow());
+        QCOMPARE(x->editorExitCode(), 0);
+        QVERIFY(copies().isEmpty());
+        QVERIFY(openEditor());
+        QThread::msleep(1500);
+        QVERIFY(!x->boxShown(Recover));
+        QVERIFY(x->editorRunning());
+    }
+
+    void oneEditorPerLevelFile() {
+        prepareFolder(folder->path(), levelFile(heroOnly));
+        QVERIFY(openEditor());
+        const qint64 first = x->editorId();
+
+        // A second editor on the same file asks after its help box; No ends it.
+        QProcess second;
+        QVERIFY(x->launchAnotherEditor(second, VARNOK_EDITOR, folder->path()));
+        QVERIFY(x->closeBox("Nápověda"));
+        QCOMPARE(x->messageText(OpenElsewhere),
+                 QStringLiteral("Level level99.VRK už je otevřený v jiném okně editoru (proces "
+                                "%1). Otevřít ho přesto?")
+                     .arg(first));
+        x->key("Escape");
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(second.exitCode(), 0);
+        QVERIFY(x->editorRunning());
+
+        // The first one killed, its lock is taken over without a word.
+        QCOMPARE(::kill(pid_t(first), SIGKILL), 0);
+        QCOMPARE(x->editorExitCode(), -1);
+        QVERIFY(openEditor());
+        QThread::msleep(1500);
+        QVERIFY(!x->boxShown(OpenElsewhere));
+        QVERIFY(x->editorRunning());
     }
 };
 
