@@ -1,3 +1,4 @@
+#include "cases.h"
 #include "editor_texts.h"
 #include "file_bytes.h"
 #include "mouse.h"
@@ -6,8 +7,6 @@
 #include <QBuffer>
 #include <QScreen>
 #include <QTest>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -204,86 +203,65 @@ class EditingTest : public QObject {
     }
 
     // A sheet the editor cannot use is told and gives way to the built-in one.
-    void startsWithTheSheetItCanUse_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("refused");
-        QTest::addColumn<QSize>("cell");
-        QTest::newRow("not a JPEG") << QByteArray("GIF89a, or not") << true << QSize(64, 64);
-        QTest::newRow("too small to cut") << jpeg(9, 20) << true << QSize(64, 64);
-        QTest::newRow("cut off") << jpeg(640, 896).chopped(200) << true << QSize(64, 64);
-        QTest::newRow("half size") << jpeg(320, 448) << false << QSize(32, 32);
-        QTest::newRow("uneven") << jpeg(105, 150) << false << QSize(10, 10);  // rest unseen
-    }
     void startsWithTheSheetItCanUse() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, refused);
-        QFETCH(QSize, cell);
-        Editor editor;
-        QVERIFY(writeFile(editor.path(SpriteSheetFileName), bytes));
-        editor.window.startUp();
-        const QString told = "error||" + EditorTexts::unreadableSheet(SpriteSheetFileName);
-        QCOMPARE(editor.dialogs.shown, refused ? QStringList({told, Help}) : QStringList{Help});
-        QCOMPARE(editor.document.sheet().cellSize(), cell);
-        QVERIFY(editor.map->isVisible());  // the new level was drawn
+        const std::tuple<const char*, QByteArray, bool, int> sheets[] = {
+            {"not a JPEG", "GIF89a, or not", true, 64},
+            {"too small to cut", jpeg(9, 20), true, 64},
+            {"cut off", jpeg(640, 896).chopped(200), true, 64},
+            {"half size", jpeg(320, 448), false, 32},
+            {"uneven", jpeg(105, 150), false, 10}};  // the rest unseen
+        checkEachCase(sheets, [](const char*, const QByteArray& bytes, bool refused, int side) {
+            Editor editor;
+            QVERIFY(writeFile(editor.path(SpriteSheetFileName), bytes));
+            editor.window.startUp();
+            const QString told = "error||" + EditorTexts::unreadableSheet(SpriteSheetFileName);
+            QCOMPARE(editor.dialogs.shown, refused ? QStringList({told, Help}) : QStringList{Help});
+            QCOMPARE(editor.document.sheet().cellSize(), QSize(side, side));
+            QVERIFY(editor.map->isVisible());  // the new level was drawn
+        });
     }
 
     // New makes only whole sizes from 3 to the largest; otherwise it warns and keeps the level.
-    void newTakesOnlySizesItCanMake_data() {
-        QTest::addColumn<QString>("width");
-        QTest::addColumn<QString>("height");
-        QTest::addColumn<QSize>("made");  // empty: refused
-        for (const char* text :
-             {"", "  ", "-20", "twenty", "20.5", "0x20", "2", "1001", "99999999999999999999999"}) {
-            QTest::addRow("width '%s'", text) << QString(text) << "20" << QSize();
-            QTest::addRow("height '%s'", text) << "20" << QString(text) << QSize();
-        }
-        QTest::newRow("sign and zeros") << QString(" +3 ") << QString("007") << QSize(3, 7);
-        QTest::newRow("largest") << QString("1000") << QString("3") << QSize(1000, 3);
-    }
     void newTakesOnlySizesItCanMake() {
-        QFETCH(QString, width);
-        QFETCH(QString, height);
-        QFETCH(QSize, made);
-        Editor editor(QSize(20, 20), QPoint(5, 5), 14);  // a wall piece, which a New would clear
-        const QByteArray before = encodeLevelFile(editor.level);
-        editor.newLevel(width, height);
-        const QString warned = "warning|Pozor|" + EditorTexts::badNewSize(MaxLevelSide);
-        QCOMPARE(editor.dialogs.shown.mid(1), made.isEmpty() ? QStringList{warned} : QStringList());
-        QCOMPARE(QSize(editor.level.width(), editor.level.height()),
-                 made.isEmpty() ? QSize(20, 20) : made);
-        if (made.isEmpty()) QCOMPARE(encodeLevelFile(editor.level), before);
+        std::vector<std::tuple<QString, QString, QString, QSize>> sizes = {
+            {"sign and zeros", " +3 ", "007", {3, 7}}, {"largest", "1000", "3", {1000, 3}}};
+        for (const char* text :
+             {"", "  ", "-20", "twenty", "20.5", "0x20", "2", "1001", "99999999999999999999999"})
+            sizes.insert(sizes.end(), {{QString("width '%1'").arg(text), text, "20", {}},
+                                       {QString("height '%1'").arg(text), "20", text, {}}});
+        checkEachCase(sizes, [](const QString&, const QString& width, const QString& height,
+                                QSize made) {                // empty: refused
+            Editor editor(QSize(20, 20), QPoint(5, 5), 14);  // a wall piece, which New clears
+            const QByteArray before = encodeLevelFile(editor.level);
+            editor.newLevel(width, height);
+            const QString warned = "warning|Pozor|" + EditorTexts::badNewSize(MaxLevelSide);
+            QCOMPARE(editor.dialogs.shown.mid(1),
+                     made.isEmpty() ? QStringList{warned} : QStringList());
+            QCOMPARE(QSize(editor.level.width(), editor.level.height()),
+                     made.isEmpty() ? QSize(20, 20) : made);
+            if (made.isEmpty()) QCOMPARE(encodeLevelFile(editor.level), before);
+        });
     }
 
-    // Nothing is read, and the level kept is saved, but over a folder or a pipe nothing is.
-    void openRefusesFilesItCannotUse_data() {
-        QTest::addColumn<QByteArray>("bytes");  // null: no file, which Open tells unlike start-up
-        QTest::newRow("missing") << QByteArray();
-        QTest::newRow("a program") << QByteArray::fromHex("7f454c46020101000000");
-        QTest::newRow("a folder") << QByteArray("folder");
-        QTest::newRow("a pipe") << QByteArray("pipe");
-    }
+    // Open tells a missing file or a folder (unlike start-up) and keeps the level, which Save
+    // then writes, but not over a folder.
     void openRefusesFilesItCannotUse() {
-        QFETCH(QByteArray, bytes);
-        Editor editor(QSize(20, 20), QPoint(5, 5), HeroCode);  // which a read would clear
-        const QString file = editor.path(LevelFileName);
-        const QByteArray before = encodeLevelFile(editor.level);
-        const bool pipe = bytes == "pipe", folder = bytes == "folder" || pipe;
-        QVERIFY(QFile::remove(file));
-        if (bytes == "folder") QVERIFY(QDir(editor.folder.path()).mkdir(LevelFileName));
-        if (pipe) QCOMPARE(mkfifo(QFile::encodeName(file).constData(), 0600), 0);
-        if (!folder && !bytes.isNull()) QVERIFY(writeFile(file, bytes));
-        editor.window.openLevel();
-        editor.window.saveLevel();
-        const QStringList& shown = editor.dialogs.shown;
-        QVERIFY(shown.value(2).startsWith("error||Soubor level99.VRK"));
-        QCOMPARE(encodeLevelFile(editor.level), before);
-        QCOMPARE(shown.size(), folder ? 5 : 4);
-        if (folder) QVERIFY(shown[4].startsWith("error||Level se nepodařilo uložit do souboru"));
-        struct stat node {};
-        if (pipe)  // still the pipe, which reading would wait on
-            QVERIFY(!stat(QFile::encodeName(file), &node) && S_ISFIFO(node.st_mode));
-        else
+        for (const bool folder : {false, true}) {
+            Editor editor(QSize(20, 20), QPoint(5, 5), HeroCode);  // which a read would clear
+            const QString file = editor.path(LevelFileName);
+            const QByteArray before = encodeLevelFile(editor.level);
+            QVERIFY(QFile::remove(file));
+            if (folder) QVERIFY(QDir(editor.folder.path()).mkdir(LevelFileName));
+            editor.window.openLevel();
+            editor.window.saveLevel();
+            const QStringList& shown = editor.dialogs.shown;
+            QVERIFY(shown.value(2).startsWith("error||Soubor level99.VRK"));
+            QCOMPARE(encodeLevelFile(editor.level), before);
+            QCOMPARE(shown.size(), folder ? 5 : 4);
+            if (folder)
+                QVERIFY(shown[4].startsWith("error||Level se nepodařilo uložit do souboru"));
             QCOMPARE(bytesOf(file), folder ? QByteArray() : before);  // a folder reads as nothing
+        }
     }
 };
 
