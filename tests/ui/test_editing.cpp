@@ -1,4 +1,3 @@
-#include "cases.h"
 #include "editor_texts.h"
 #include "file_bytes.h"
 #include "mouse.h"
@@ -203,44 +202,54 @@ class EditingTest : public QObject {
     }
 
     // A sheet the editor cannot use is told and gives way to the built-in one.
+    void startsWithTheSheetItCanUse_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("refused");
+        QTest::addColumn<QSize>("cell");
+        QTest::newRow("not a JPEG") << QByteArray("GIF89a, or not") << true << QSize(64, 64);
+        QTest::newRow("too small to cut") << jpeg(9, 20) << true << QSize(64, 64);
+        QTest::newRow("cut off") << jpeg(640, 896).chopped(200) << true << QSize(64, 64);
+        QTest::newRow("half size") << jpeg(320, 448) << false << QSize(32, 32);
+        QTest::newRow("uneven") << jpeg(105, 150) << false << QSize(10, 10);  // rest unseen
+    }
     void startsWithTheSheetItCanUse() {
-        const std::tuple<const char*, QByteArray, bool, int> sheets[] = {
-            {"not a JPEG", "GIF89a, or not", true, 64},
-            {"too small to cut", jpeg(9, 20), true, 64},
-            {"cut off", jpeg(640, 896).chopped(200), true, 64},
-            {"half size", jpeg(320, 448), false, 32},
-            {"uneven", jpeg(105, 150), false, 10}};  // the rest unseen
-        checkEachCase(sheets, [](const char*, const QByteArray& bytes, bool refused, int side) {
-            Editor editor;
-            QVERIFY(writeFile(editor.path(SpriteSheetFileName), bytes));
-            editor.window.startUp();
-            const QString told = "error||" + EditorTexts::unreadableSheet(SpriteSheetFileName);
-            QCOMPARE(editor.dialogs.shown, refused ? QStringList({told, Help}) : QStringList{Help});
-            QCOMPARE(editor.document.sheet().cellSize(), QSize(side, side));
-            QVERIFY(editor.map->isVisible());  // the new level was drawn
-        });
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, refused);
+        QFETCH(QSize, cell);
+        Editor editor;
+        QVERIFY(writeFile(editor.path(SpriteSheetFileName), bytes));
+        editor.window.startUp();
+        const QString told = "error||" + EditorTexts::unreadableSheet(SpriteSheetFileName);
+        QCOMPARE(editor.dialogs.shown, refused ? QStringList({told, Help}) : QStringList{Help});
+        QCOMPARE(editor.document.sheet().cellSize(), cell);
+        QVERIFY(editor.map->isVisible());  // the new level was drawn
     }
 
     // New makes only whole sizes from 3 to the largest; otherwise it warns and keeps the level.
-    void newTakesOnlySizesItCanMake() {
-        std::vector<std::tuple<QString, QString, QString, QSize>> sizes = {
-            {"sign and zeros", " +3 ", "007", {3, 7}}, {"largest", "1000", "3", {1000, 3}}};
+    void newTakesOnlySizesItCanMake_data() {
+        QTest::addColumn<QString>("width");
+        QTest::addColumn<QString>("height");
+        QTest::addColumn<QSize>("made");  // empty: refused
         for (const char* text :
-             {"", "  ", "-20", "twenty", "20.5", "0x20", "2", "1001", "99999999999999999999999"})
-            sizes.insert(sizes.end(), {{QString("width '%1'").arg(text), text, "20", {}},
-                                       {QString("height '%1'").arg(text), "20", text, {}}});
-        checkEachCase(sizes, [](const QString&, const QString& width, const QString& height,
-                                QSize made) {                // empty: refused
-            Editor editor(QSize(20, 20), QPoint(5, 5), 14);  // a wall piece, which New clears
-            const QByteArray before = encodeLevelFile(editor.level);
-            editor.newLevel(width, height);
-            const QString warned = "warning|Pozor|" + EditorTexts::badNewSize(MaxLevelSide);
-            QCOMPARE(editor.dialogs.shown.mid(1),
-                     made.isEmpty() ? QStringList{warned} : QStringList());
-            QCOMPARE(QSize(editor.level.width(), editor.level.height()),
-                     made.isEmpty() ? QSize(20, 20) : made);
-            if (made.isEmpty()) QCOMPARE(encodeLevelFile(editor.level), before);
-        });
+             {"", "  ", "-20", "twenty", "20.5", "0x20", "2", "1001", "99999999999999999999999"}) {
+            QTest::addRow("width '%s'", text) << QString(text) << "20" << QSize();
+            QTest::addRow("height '%s'", text) << "20" << QString(text) << QSize();
+        }
+        QTest::newRow("sign and zeros") << QString(" +3 ") << QString("007") << QSize(3, 7);
+        QTest::newRow("largest") << QString("1000") << QString("3") << QSize(1000, 3);
+    }
+    void newTakesOnlySizesItCanMake() {
+        QFETCH(QString, width);
+        QFETCH(QString, height);
+        QFETCH(QSize, made);
+        Editor editor(QSize(20, 20), QPoint(5, 5), 14);  // a wall piece, which a New would clear
+        const QByteArray before = encodeLevelFile(editor.level);
+        editor.newLevel(width, height);
+        const QString warned = "warning|Pozor|" + EditorTexts::badNewSize(MaxLevelSide);
+        QCOMPARE(editor.dialogs.shown.mid(1), made.isEmpty() ? QStringList{warned} : QStringList());
+        QCOMPARE(QSize(editor.level.width(), editor.level.height()),
+                 made.isEmpty() ? QSize(20, 20) : made);
+        if (made.isEmpty()) QCOMPARE(encodeLevelFile(editor.level), before);
     }
 
     // Open tells a missing file or a folder (unlike start-up) and keeps the level, which Save
@@ -255,7 +264,9 @@ class EditingTest : public QObject {
             editor.window.openLevel();
             editor.window.saveLevel();
             const QStringList& shown = editor.dialogs.shown;
-            QVERIFY(shown.value(2).startsWith("error||Soubor level99.VRK"));
+            QCOMPARE(shown.value(2).section(':', 0, 0),
+                     folder ? "error||Soubor level99.VRK nelze otevřít"
+                            : "error||Soubor level99.VRK nebyl nalezen.");
             QCOMPARE(encodeLevelFile(editor.level), before);
             QCOMPARE(shown.size(), folder ? 5 : 4);
             if (folder)
