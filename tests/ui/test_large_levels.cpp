@@ -29,7 +29,6 @@ class LargeLevelsTest : public QObject {
         QTest::newRow("1000 x 500") << QSize(1000, 500) << QSizeF(240, 120);
         QTest::newRow("1000 x 3") << QSize(1000, 3) << QSizeF(240, 12);  // the short side stretched
         QTest::newRow("3 x 1000") << QSize(3, 1000) << QSizeF(12, 240);
-        QTest::newRow("1000 x 10") << QSize(1000, 10) << QSizeF(240, 12);
         // Shown 102.86 pixels high: the last pixel row, partly covered, shows the frame.
         QTest::newRow("700 x 300") << QSize(700, 300) << QSizeF(240, double(1800.0f * 2 / 35));
     }
