@@ -202,54 +202,45 @@ class EditingTest : public QObject {
     }
 
     // A sheet the editor cannot use is told and gives way to the built-in one.
-    void startsWithTheSheetItCanUse_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("refused");
-        QTest::addColumn<QSize>("cell");
-        QTest::newRow("not a JPEG") << QByteArray("GIF89a, or not") << true << QSize(64, 64);
-        QTest::newRow("too small to cut") << jpeg(9, 20) << true << QSize(64, 64);
-        QTest::newRow("cut off") << jpeg(640, 896).chopped(200) << true << QSize(64, 64);
-        QTest::newRow("half size") << jpeg(320, 448) << false << QSize(32, 32);
-        QTest::newRow("uneven") << jpeg(105, 150) << false << QSize(10, 10);  // rest unseen
-    }
     void startsWithTheSheetItCanUse() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, refused);
-        QFETCH(QSize, cell);
-        Editor editor;
-        QVERIFY(writeFile(editor.path(SpriteSheetFileName), bytes));
-        editor.window.startUp();
-        const QString told = "error||" + EditorTexts::unreadableSheet(SpriteSheetFileName);
-        QCOMPARE(editor.dialogs.shown, refused ? QStringList({told, Help}) : QStringList{Help});
-        QCOMPARE(editor.document.sheet().cellSize(), cell);
-        QVERIFY(editor.map->isVisible());  // the new level was drawn
+        const auto row = [](const char* name, const QByteArray& bytes, bool refused, int side) {
+            Editor editor;
+            QVERIFY(writeFile(editor.path(SpriteSheetFileName), bytes));
+            editor.window.startUp();
+            const QString told = "error||" + EditorTexts::unreadableSheet(SpriteSheetFileName);
+            QCOMPARE(std::tuple(name, editor.dialogs.shown, editor.document.sheet().cellSize()),
+                     std::tuple(name, refused ? QStringList({told, Help}) : QStringList{Help},
+                                QSize(side, side)));
+            QVERIFY2(editor.map->isVisible(), name);  // the new level was drawn
+        };
+        row("not a JPEG", "GIF89a, or not", true, 64);
+        row("too small to cut", jpeg(9, 20), true, 64);
+        row("cut off", jpeg(640, 896).chopped(200), true, 64);
+        row("half size", jpeg(320, 448), false, 32);
+        row("uneven", jpeg(105, 150), false, 10);  // the rest unseen
     }
 
     // New makes only whole sizes from 3 to the largest; otherwise it warns and keeps the level.
-    void newTakesOnlySizesItCanMake_data() {
-        QTest::addColumn<QString>("width");
-        QTest::addColumn<QString>("height");
-        QTest::addColumn<QSize>("made");  // empty: refused
-        for (const char* text :
-             {"", "  ", "-20", "twenty", "20.5", "0x20", "2", "1001", "99999999999999999999999"}) {
-            QTest::addRow("width '%s'", text) << QString(text) << "20" << QSize();
-            QTest::addRow("height '%s'", text) << "20" << QString(text) << QSize();
-        }
-        QTest::newRow("sign and zeros") << QString(" +3 ") << QString("007") << QSize(3, 7);
-        QTest::newRow("largest") << QString("1000") << QString("3") << QSize(1000, 3);
-    }
     void newTakesOnlySizesItCanMake() {
-        QFETCH(QString, width);
-        QFETCH(QString, height);
-        QFETCH(QSize, made);
-        Editor editor(QSize(20, 20), QPoint(5, 5), 14);  // a wall piece, which a New would clear
-        const QByteArray before = encodeLevelFile(editor.level);
-        editor.newLevel(width, height);
         const QString warned = "warning|Pozor|" + EditorTexts::badNewSize(MaxLevelSide);
-        QCOMPARE(editor.dialogs.shown.mid(1), made.isEmpty() ? QStringList{warned} : QStringList());
-        QCOMPARE(QSize(editor.level.width(), editor.level.height()),
-                 made.isEmpty() ? QSize(20, 20) : made);
-        if (made.isEmpty()) QCOMPARE(encodeLevelFile(editor.level), before);
+        const auto row = [&](const QString& width, const QString& height, QSize made = {}) {
+            Editor editor(QSize(20, 20), QPoint(5, 5),
+                          14);  // a wall piece, which a New would clear
+            const QByteArray before = encodeLevelFile(editor.level);
+            editor.newLevel(width, height);
+            const QString name = QString("'%1' x '%2'").arg(width, height);
+            const QSize size(editor.level.width(), editor.level.height());
+            QCOMPARE(std::tuple(name, editor.dialogs.shown.mid(1), size),
+                     std::tuple(name, made.isEmpty() ? QStringList{warned} : QStringList(),
+                                made.isEmpty() ? QSize(20, 20) : made));
+            if (made.isEmpty())
+                QCOMPARE(std::pair(name, encodeLevelFile(editor.level)), std::pair(name, before));
+        };
+        for (const char* text :
+             {"", "  ", "-20", "twenty", "20.5", "0x20", "2", "1001", "99999999999999999999999"})
+            row(text, "20"), row("20", text);  // refused
+        row(" +3 ", "007", {3, 7});            // a sign and zeros
+        row("1000", "3", {1000, 3});           // the largest
     }
 
     // Open tells a missing file or a folder (unlike start-up) and keeps the level, which Save
