@@ -94,7 +94,7 @@ class WindowTest : public QObject {
     }
 
     // Alt+A and Alt+N answer a question; were they ignored, Esc (No) and Return (Yes) would.
-    void questionsAnswerToAltAndTheFirstLetter() {
+    void questionsAnswerToAltAndHelpLinesStayWhole() {
         MessageBoxDialogs dialogs;
         for (const bool yes : {true, false}) {
             QTimer::singleShot(50, [yes] {
@@ -107,11 +107,7 @@ class WindowTest : public QObject {
             });
             QCOMPARE(dialogs.question("Uložit?", "Otázka"), yes);
         }
-    }
-
-    // The help box is wide enough for each of its lines: none wraps.
-    void helpLinesStayWhole() {
-        MessageBoxDialogs dialogs;
+        // The help box is wide enough for each of its lines: none wraps.
         int wrapped = -1;
         QTimer::singleShot(50, [&] {
             QWidget* box = QApplication::activeModalWidget();
