@@ -47,22 +47,19 @@ class HistoryTest : public QObject {
         const auto step = [&](int name, std::size_t size, std::size_t undone = 0) {
             return std::make_unique<SizedStep>(name, size, undone ? undone : size, log);
         };
+        const auto held = [&] { return std::pair(history.count(), int(history.bytes())); };
         for (int name = 1; name <= 4; ++name) history.push(step(name, 30));
-        QCOMPARE(history.count(), 3);  // step 1 went
-        QCOMPARE(history.bytes(), std::size_t(90));
+        QCOMPARE(held(), std::pair(3, 90));  // steps and their bytes: step 1 went
         QVERIFY(history.undo() && history.undo());
         history.push(step(5, 10));  // the undone 3 and 4 go
-        QCOMPARE(history.count(), 2);
-        QCOMPARE(history.bytes(), std::size_t(40));
+        QCOMPARE(held(), std::pair(2, 40));
         history.push(step(6, 20, 70));
         QVERIFY(history.undo());  // 6 grows to 70: the oldest done step, 2, goes
-        QCOMPARE(history.count(), 2);
+        QCOMPARE(held(), std::pair(2, 80));
         QCOMPARE(history.index(), 1);
-        QCOMPARE(history.bytes(), std::size_t(80));
         QVERIFY(history.undo());
         history.setLimit(75);  // nothing done: the last step to redo, 6, goes
-        QCOMPARE(history.count(), 1);
-        QCOMPARE(history.bytes(), std::size_t(10));
+        QCOMPARE(held(), std::pair(1, 10));
         history.setLimit(5);  // the next step to redo stays
         QCOMPARE(history.count(), 1);
         QVERIFY(!history.undo());

@@ -57,23 +57,21 @@ class LevelFilesTest : public QObject {
         sheet.fill(qRgb(255, 0, 255));
         QVERIFY(sheet.save(others.filePath(SpriteSheetFileName), "JPG"));
 
+        // The level's width, its file, the window's title, whether the castle's sheet is used.
+        const auto shown = [&] {
+            return std::tuple(editor.level.width(), editor.document.levelFile(),
+                              editor.window.windowTitle(), magenta(editor.document.sheet()));
+        };
         editor.dialogs.fileNames = {castle};
         key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(editor.dialogs.shown.last(), "open|" + editor.folder.path() + "|" + start);
-        QCOMPARE(editor.level.width(), 30);
-        QCOMPARE(editor.window.windowTitle(), Title + " — castle.vrk");
-        QVERIFY(magenta(editor.document.sheet()));
+        QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", true));
         QCOMPARE(RecentFiles().files(), QStringList({castle, start}));
-
         key(Qt::Key_Z);
-        QCOMPARE(editor.level.width(), 25);
-        QCOMPARE(editor.document.levelFile(), start);
-        QCOMPARE(editor.window.windowTitle(), Title);
-        QVERIFY(!magenta(editor.document.sheet()));
+        QCOMPARE(shown(), std::tuple(25, start, Title, false));
         QCOMPARE(RecentFiles().files(), QStringList({start, castle}));
         key(Qt::Key_Y);
-        QCOMPARE(editor.document.levelFile(), castle);
-        QVERIFY(magenta(editor.document.sheet()));
+        QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", true));
 
         QVERIFY(QFile::remove(castle));
         key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);  // cancelled
