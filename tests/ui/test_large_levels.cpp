@@ -125,28 +125,24 @@ class LargeLevelsTest : public QObject {
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
         editor.newLevel("300", "300");
         MapViewport* viewport = editor.viewport;
-        const auto key = [&](int code) {
+        const auto zoomedBy = [&](int code) {  // the pixels a cell after Ctrl and the key
             QTest::keyClick(editor.map, Qt::Key(code), Qt::ControlModifier);
+            return viewport->tileSize();
         };
-        key(Qt::Key_9);  // 300 cells fit the 610 pixels high view at 2 pixels a cell, not at 4
-        QCOMPARE(viewport->tileSize(), 2);
-        QCOMPARE(viewport->mapPlacement().width, 300.0f * float(viewport->tileSize()));
-        const int whole = viewport->tileSize();
-        key(Qt::Key_Minus);  // no further out
-        QCOMPARE(viewport->tileSize(), whole);
-        key(Qt::Key_0);
-        QCOMPARE(viewport->tileSize(), 64);
-        key(Qt::Key_Minus);
-        key(Qt::Key_Minus);
-        QCOMPARE(viewport->tileSize(), 16);
+        // 300 cells fit the 610 pixels high view at 2 pixels a cell, not at 4; no further out.
+        QCOMPARE(zoomedBy(Qt::Key_9), 2);
+        QCOMPARE(viewport->mapPlacement().width, 300.0f * 2);
+        QCOMPARE(zoomedBy(Qt::Key_Minus), 2);
+        QCOMPARE(zoomedBy(Qt::Key_0), 64);
+        zoomedBy(Qt::Key_Minus);
+        QCOMPARE(zoomedBy(Qt::Key_Minus), 16);
         viewport->moveMapTo({-160, -320});  // cells (10, 20) at the view's corner
         editor.newLevel("20", "20");        // fits at 32 pixels a cell
         QCOMPARE(viewport->tileSize(), 16);
-        key(Qt::Key_Plus);
-        QCOMPARE(viewport->tileSize(), 32);
+        QCOMPARE(zoomedBy(Qt::Key_Plus), 32);
         editor.document.undo();  // back to 300 x 300, shown at 32 pixels a cell
-        QCOMPARE(viewport->mapPlacement().left, -320.0f);
-        QCOMPARE(viewport->mapPlacement().top, -640.0f);
+        const Placement map = viewport->mapPlacement();
+        QCOMPARE(std::pair(map.left, map.top), std::pair(-320.0f, -640.0f));
     }
 
     void wheelMovesTheMapAndThePaletteWithinTheirEnds() {
