@@ -141,7 +141,7 @@ class EndToEndTest : public QObject {
         };
 
         keyInWindow("ctrl+shift+o");
-        QVERIFY(x->answerFileDialog("Otevřít level", others.filePath("castle.vrk")));
+        QVERIFY(x->closeBox("Otevřít level", others.filePath("castle.vrk")));
         QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR — castle.vrk"),
                  "VARNOK LEVEL EDITOR — castle.vrk");
         x->clickInWindow({entry(4), cell(5, 5)});  // Bedna
@@ -156,7 +156,7 @@ class EndToEndTest : public QObject {
         QCOMPARE(waitForFile(level()), levelFile(heroOnly));
 
         keyInWindow("ctrl+shift+s");
-        QVERIFY(x->answerFileDialog("Uložit level jako", others.filePath("cellar")));
+        QVERIFY(x->closeBox("Uložit level jako", others.filePath("cellar")));
         QCOMPARE(waitForFile(others.filePath("cellar.VRK")), saved);
         QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR — cellar.VRK"),
                  "VARNOK LEVEL EDITOR — cellar.VRK");
