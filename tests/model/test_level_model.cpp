@@ -180,7 +180,8 @@ class LevelModelTest : public QObject {
         QVERIFY(shownFileName(name).endsWith("/a\\xff\\xc3\x62.VRK"));
     }
 
-    void queriesStayInTheLevelProper() {
+    // Walls and the hero are looked for in the level proper; wall pieces join their arms.
+    void queriesStayInTheLevelProperAndPiecesJoinTheirArms() {
         const Level level = filledLevel(30, 20, 1);  // walls, the margin included
         for (QPoint off : {QPoint(0, 5), QPoint(5, 0), QPoint(-1, 5), QPoint(30, 5), QPoint(5, 20),
                            QPoint(5, 25)})
@@ -192,9 +193,7 @@ class LevelModelTest : public QObject {
         QVERIFY(!containsHero(heroes));
         heroes.setCell(3, 2, HeroCode);
         QVERIFY(containsHero(heroes));
-    }
-
-    void wallPiecesJoinTheirArms() {
+        // Each wall piece has the arms its key names.
         for (int key = 0; key < 16; ++key) {
             const std::string walls = {key & 8 ? '1' : '0', key & 4 ? '1' : '0',
                                        key & 2 ? '1' : '0', key & 1 ? '1' : '0'};
