@@ -97,11 +97,12 @@ class WindowTest : public QObject {
     void questionsAnswerToAltAndHelpLinesStayWhole() {
         MessageBoxDialogs dialogs;
         for (const bool yes : {true, false}) {
-            QTimer::singleShot(50, [yes] {
+            QObject round;  // its timers go with it: a late one must not answer the next box
+            QTimer::singleShot(50, &round, [yes] {
                 if (QWidget* box = QApplication::activeModalWidget())
                     QTest::keyClick(box, yes ? Qt::Key_A : Qt::Key_N, Qt::AltModifier);
             });
-            QTimer::singleShot(1000, [yes] {
+            QTimer::singleShot(1000, &round, [yes] {
                 if (QWidget* box = QApplication::activeModalWidget())
                     QTest::keyClick(box, yes ? Qt::Key_Escape : Qt::Key_Return);
             });
