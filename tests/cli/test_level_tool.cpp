@@ -104,35 +104,31 @@ class LevelToolTest : public QObject {
         QVERIFY(half.open(QIODevice::WriteOnly) && half.write(cutOff.first(cutOff.size() / 2)) > 0);
     }
 
-    void check_data() {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("message");  // after "FILE: "; empty: the reader's own
-        QTest::newRow("ok") << 0 << "ok, 12 × 11, hrdina na (7, 3)";
-        QTest::newRow("hrdina v rámečku")
-            << 1
-            << "Rámeček, který editor kreslí jednu buňku od okraje, zakryje hrdinu na (10, 3) a "
-               "level tak přijde o počáteční pozici.";
-        QTest::newRow("bez hrdiny") << 1 << "Je nutné umístit počáteční pozici hrdiny";
-        QTest::newRow("bez obrázku")
-            << 1 << "Soubor úroveň bez obrázku.VRK: kód 200 v buňce (2, 6) nemá obrázek.";
-        for (const char* tag : {"prázdná", "chybí"}) QTest::newRow(tag) << 1 << QString();
-    }
-    void check() {  // told as a line and as JSON
-        QFETCH(int, code);
-        QFETCH(QString, message);
-        const QString name = QStringLiteral("úroveň %1.VRK").arg(QTest::currentDataTag());
-        Level level;
-        const LevelReadResult read = readLevelFile(level, dir.filePath(name));
-        if (message.isEmpty()) message = read.ok() ? read.warning : read.refusal;
-        QCOMPARE(run("check|" + name), code);
-        QCOMPARE(out, QStringList(name + ": " + message));
-        QCOMPARE(run("check|--json|" + name), code);
-        const QJsonObject o = QJsonDocument::fromJson(out.value(0).toUtf8()).object();
-        QCOMPARE(o["file"].toString(), name);
-        QCOMPARE(o["ok"].toBool(), code == 0);
-        QCOMPARE(o["messages"].toArray(), code ? QJsonArray{message} : QJsonArray());
-        if (code == 0) QCOMPARE(o["hero"].toObject(), (QJsonObject{{"x", 7}, {"y", 3}}));
-        QCOMPARE(o["width"].toInt(-1), read.ok() ? W : -1);
+    // Told as a line and as JSON; `message` after "FILE: ", empty for the reader's own.
+    void check() {
+        const auto row = [&](const char* tag, int code, QString message) {
+            const QString name = QStringLiteral("úroveň %1.VRK").arg(tag);
+            Level level;
+            const LevelReadResult read = readLevelFile(level, dir.filePath(name));
+            if (message.isEmpty()) message = read.ok() ? read.warning : read.refusal;
+            QCOMPARE(std::pair(run("check|" + name), out),
+                     std::pair(code, QStringList(name + ": " + message)));
+            QCOMPARE(run("check|--json|" + name), code);
+            const QJsonObject o = QJsonDocument::fromJson(out.value(0).toUtf8()).object();
+            QCOMPARE(std::tuple(o["file"].toString(), o["ok"].toBool(), o["messages"].toArray(),
+                                o["width"].toInt(-1)),
+                     std::tuple(name, code == 0, code ? QJsonArray{message} : QJsonArray(),
+                                read.ok() ? W : -1));
+            if (code == 0) QCOMPARE(o["hero"].toObject(), (QJsonObject{{"x", 7}, {"y", 3}}));
+        };
+        row("ok", 0, "ok, 12 × 11, hrdina na (7, 3)");
+        row("hrdina v rámečku", 1,
+            "Rámeček, který editor kreslí jednu buňku od okraje, zakryje hrdinu na (10, 3) a level "
+            "tak přijde o počáteční pozici.");
+        row("bez hrdiny", 1, "Je nutné umístit počáteční pozici hrdiny");
+        row("bez obrázku", 1,
+            "Soubor úroveň bez obrázku.VRK: kód 200 v buňce (2, 6) nemá obrázek.");
+        for (const char* tag : {"prázdná", "chybí"}) row(tag, 1, QString());
     }
 
     void renderShowsTheEditorsMapAndMinimap() {
@@ -153,12 +149,22 @@ class LevelToolTest : public QObject {
     }
 
     // Each answer: its exit code, what it tells, one error line unless the usage follows, no file.
-    void answers_data() {
-        QTest::addColumn<QString>("arguments");  // separated by |
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("told");
-        const auto row = [](const char* tag, const char* arguments, int code, const char* told) {
-            QTest::newRow(tag) << QString(arguments) << code << QString(told);
+    void answers() {
+        // Qt's own lines are Czech too, whatever the locale (the program runs with none).
+        static const QRegularExpression english(
+            "\\b(Usage|Options|Arguments|Displays|Unknown|Missing|Unexpected|option|value)\\b");
+        const auto entries = [&] {
+            return QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden);
+        };
+        const auto row = [&](const char* tag, const char* arguments, int code, const char* told) {
+            const QStringList before = entries();
+            const int exitCode = run(arguments, QByteArray(tag) == "full disk");
+            const QString all = (out + err).join('\n');
+            QVERIFY2(exitCode == code && all.contains(told) && !english.match(all).hasMatch() &&
+                         (code == 2 || err.size() <= 1) &&
+                         (err.isEmpty() || err[0].startsWith("varnok-level: ")),
+                     qPrintable(QString("%1, exit code %2: %3").arg(tag).arg(exitCode).arg(all)));
+            QCOMPARE(std::pair(tag, entries()), std::pair(tag, before));
         };
         const char* const census = "Život: 1\n  Místnost A: 1\n  Hrdina: 1\n  kód 33 (část";
         row("one bad of two", "check|úroveň ok.VRK|úroveň chybí.VRK", 1, "(7, 3)\núroveň chybí");
@@ -182,25 +188,8 @@ class LevelToolTest : public QObject {
         row("missing value", "render|úroveň ok.VRK|-o", 2, "Chybějící hodnota po '-o'.");
         row("value not taken", "check|--json=1|úroveň ok.VRK", 2, "Neočekávaná hodnota");
         row("pipe", "render|úroveň ok.VRK|-o|na rouru.png", 1, "ale pojmenovaná roura (FIFO)");
-        row("device", "render|úroveň ok.VRK|-o|na zařízení.png", 1, "ale znakové zařízení");
-    }
-    void answers() {
-        QFETCH(QString, arguments);
-        QFETCH(int, code);
-        QFETCH(QString, told);
-        if (QTest::currentDataTag() == QLatin1String("device") && !deviceMade)
-            QSKIP("no device nodes can be made here");
-        const QStringList before = QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden);
-        QCOMPARE(run(arguments, QTest::currentDataTag() == QLatin1String("full disk")), code);
-        const QString all = (out + err).join('\n');
-        QVERIFY2(all.contains(told), qPrintable(all));
-        // Qt's own lines are Czech too, whatever the locale (the program runs with none).
-        static const QRegularExpression english(
-            "\\b(Usage|Options|Arguments|Displays|Unknown|Missing|Unexpected|option|value)\\b");
-        QVERIFY2(!english.match(all).hasMatch(), qPrintable(all));
-        if (code != 2) QVERIFY(err.size() <= 1);
-        if (!err.isEmpty()) QVERIFY(err[0].startsWith("varnok-level: "));
-        QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
+        if (deviceMade)  // device nodes cannot be made everywhere
+            row("device", "render|úroveň ok.VRK|-o|na zařízení.png", 1, "ale znakové zařízení");
         for (const char* link : {"na rouru.png", "na zařízení.png"})
             QVERIFY(QFileInfo(dir.filePath(link)).isSymLink());
         struct stat node {};

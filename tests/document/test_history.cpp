@@ -1,46 +1,11 @@
-#include "level_document.h"
 #include "minimap_dots.h"
+#include "shown_level.h"
 #include "tile_codes.h"
 #include "tools.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
-
-// What an undo must bring back: the saved bytes, the hero, the drawing colour, and each
-// cell's map picture and dot, margin included, row by row.
-struct Shown {
-    QByteArray file;
-    std::optional<QPoint> hero;
-    QRgb drawingColour = 0;
-    int columns = 0;
-    std::vector<std::pair<int, QRgb>> cells;
-};
-
-static Shown shown(const LevelDocument& document) {
-    const Level& level = document.level();
-    Shown all{encodeLevelFile(level),
-              level.hero(),
-              document.minimap().drawingColour(),
-              level.width() + 1,
-              {}};
-    for (int y = 0; y <= level.height(); ++y)
-        for (int x = 0; x <= level.width(); ++x)
-            all.cells.emplace_back(document.map().cellAt(x, y), document.minimap().dotAt(x, y));
-    return all;
-}
-
-// The first thing in which two shown levels differ, or nothing.
-static QString difference(const Shown& a, const Shown& b) {
-    if (a.columns != b.columns || a.cells.size() != b.cells.size()) return "the sizes differ";
-    for (std::size_t i = 0; i < a.cells.size(); ++i)
-        if (a.cells[i] != b.cells[i])
-            return QString::asprintf("cell %zu: map %d and dot %x, not %d and %x", i,
-                                     a.cells[i].first, a.cells[i].second, b.cells[i].first,
-                                     b.cells[i].second);
-    if (a.hero != b.hero || a.drawingColour != b.drawingColour) return "hero or drawing colour";
-    return a.file == b.file ? QString() : QStringLiteral("the saved bytes differ");
-}
 
 // Opens a level of random codes (some without a picture, or in some levels only codes with a
 // dot colour of their own); once the document has a level, as a step of the history.
@@ -82,22 +47,19 @@ class HistoryTest : public QObject {
         const auto step = [&](int name, std::size_t size, std::size_t undone = 0) {
             return std::make_unique<SizedStep>(name, size, undone ? undone : size, log);
         };
+        const auto held = [&] { return std::pair(history.count(), int(history.bytes())); };
         for (int name = 1; name <= 4; ++name) history.push(step(name, 30));
-        QCOMPARE(history.count(), 3);  // step 1 went
-        QCOMPARE(history.bytes(), std::size_t(90));
+        QCOMPARE(held(), std::pair(3, 90));  // steps and their bytes: step 1 went
         QVERIFY(history.undo() && history.undo());
         history.push(step(5, 10));  // the undone 3 and 4 go
-        QCOMPARE(history.count(), 2);
-        QCOMPARE(history.bytes(), std::size_t(40));
+        QCOMPARE(held(), std::pair(2, 40));
         history.push(step(6, 20, 70));
         QVERIFY(history.undo());  // 6 grows to 70: the oldest done step, 2, goes
-        QCOMPARE(history.count(), 2);
+        QCOMPARE(held(), std::pair(2, 80));
         QCOMPARE(history.index(), 1);
-        QCOMPARE(history.bytes(), std::size_t(80));
         QVERIFY(history.undo());
         history.setLimit(75);  // nothing done: the last step to redo, 6, goes
-        QCOMPARE(history.count(), 1);
-        QCOMPARE(history.bytes(), std::size_t(10));
+        QCOMPARE(held(), std::pair(1, 10));
         history.setLimit(5);  // the next step to redo stays
         QCOMPARE(history.count(), 1);
         QVERIFY(!history.undo());

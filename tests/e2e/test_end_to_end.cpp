@@ -2,9 +2,11 @@
 #include "level_document.h"
 
 #include <QTest>
+#include <QThread>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <csignal>
 #include <functional>
 #include <optional>
 
@@ -28,6 +30,9 @@ QString firstWrongCell(const QByteArray& saved, int side,
     return {};
 }
 
+const QString Recover = QStringLiteral("Obnovit level");
+const QString OpenElsewhere = QStringLiteral("Level je otevřený");
+
 int distance(QRgb a, QRgb b) {
     return qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b)) + qAbs(qBlue(a) - qBlue(b));
 }
@@ -38,6 +43,7 @@ class EndToEndTest : public QObject {
     Q_OBJECT
     std::optional<X11Session> x;
     std::optional<QTemporaryDir> folder;
+    std::optional<QTemporaryDir> state;  // where the recovery copies go
 
     // The sheet, and the level unless it is empty, in `dir`.
     void prepareFolder(const QDir& dir, const QByteArray& level = {},
@@ -66,12 +72,31 @@ class EndToEndTest : public QObject {
         return firstWrongCell(waitForFile(level(), levelFile(heroOnly, false, side)), side,
                               expected);
     }
+    // Saves the level on screen; its bytes.
+    QByteArray savedBytes() {
+        x->resizeEditor(896, 1150);
+        const QByteArray before = bytesOf(level());
+        return save() ? waitForFile(level(), before) : QByteArray();
+    }
+    // The recovery copies, in recovery/ or a folder in it.
+    QStringList copies(const QString& under = {}) const {
+        return QDir(state->filePath("varnok/recovery/" + under)).entryList({"*.VRK"}, QDir::Files);
+    }
+    // Paints a crate at (5, 5), waits until the copy has surely been written, kills the editor.
+    void paintAndKill() {
+        x->clickInWindow({entry(4), cell(5, 5)});
+        QThread::msleep(3000);
+        QCOMPARE(::kill(pid_t(x->editorId()), SIGKILL), 0);
+        QCOMPARE(x->editorExitCode(), -1);
+    }
 
   private slots:
     // A fresh X server for every case, then its folder, named in Czech with blanks.
     void init() {
         x.emplace();
         folder.emplace(QDir::tempPath() + "/Úrovně hry XXXXXX");
+        state.emplace();
+        x->setEditorVariable("XDG_STATE_HOME", state->path());
     }
 
     void paintAndSaveALevel() {
@@ -99,7 +124,7 @@ class EndToEndTest : public QObject {
 
     // Ctrl+Shift+O and Ctrl+Shift+S with the real file dialog, a path typed into it: the opened
     // file is what Ctrl+S writes and the title names; undoing the open brings back the earlier
-    // level with its file.
+    // file's title.
     void openAndSaveOtherFilesInTheFileDialog() {
         prepareFolder(folder->path(), levelFile(heroOnly));
         QTemporaryDir others(QDir::tempPath() + "/varnok-levels-XXXXXX");
@@ -116,7 +141,7 @@ class EndToEndTest : public QObject {
         };
 
         keyInWindow("ctrl+shift+o");
-        QVERIFY(x->answerFileDialog("Otevřít level", others.filePath("castle.vrk")));
+        QVERIFY(x->closeBox("Otevřít level", others.filePath("castle.vrk")));
         QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR — castle.vrk"),
                  "VARNOK LEVEL EDITOR — castle.vrk");
         x->clickInWindow({entry(4), cell(5, 5)});  // Bedna
@@ -131,19 +156,15 @@ class EndToEndTest : public QObject {
         QCOMPARE(waitForFile(level()), levelFile(heroOnly));
 
         keyInWindow("ctrl+shift+s");
-        QVERIFY(x->answerFileDialog("Uložit level jako", others.filePath("cellar")));
+        QVERIFY(x->closeBox("Uložit level jako", others.filePath("cellar")));
         QCOMPARE(waitForFile(others.filePath("cellar.VRK")), saved);
         QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR — cellar.VRK"),
                  "VARNOK LEVEL EDITOR — cellar.VRK");
 
-        // The crate, then the open: level99.VRK's level and file are back, and Ctrl+S writes it.
+        // The crate, then the open: level99.VRK's level and file are back.
         keyInWindow("ctrl+z");
         x->key("ctrl+z");
         QCOMPARE(x->mainWindowTitle("VARNOK LEVEL EDITOR"), "VARNOK LEVEL EDITOR");
-        keyInWindow("ctrl+s");
-        QVERIFY(x->closeBox("Uložit přes starý"));
-        QCOMPARE(waitForFile(level(), levelFile(heroOnly)), levelFile(heroOnly, true));
-        QCOMPARE(waitForFile(others.filePath("cellar.VRK")), saved);
         QVERIFY(x->editorRunning());
     }
 
@@ -211,27 +232,23 @@ class EndToEndTest : public QObject {
         QCOMPARE(x->editorExitCode(), 1);
     }
 
-    void aMalformedLevelIsToldAndTheEditorGoesOn_data() {
-        QTest::addColumn<QByteArray>("bytes");  // none: a FIFO, which would block its reader
-        QTest::addColumn<QString>("message");
-        const QByteArray longRow = levelFile({}).insert(15 + 10 * 36 + 20, '0');  // row 3
-        QTest::newRow("long row") << longRow << "NEODPOVIDA DELKA RADKU 3 V level99.VRK!";
-        QTest::newRow("too wide")
-            << levelFile({}).replace(4, 2, "99999")
-            << "Soubor level99.VRK: rozměr levelu na řádku 2 je mimo povolený rozsah";
-        QTest::newRow("FIFO") << QByteArray()
-                              << "Soubor level99.VRK nelze otevřít: není to obyčejný soubor";
-    }
+    // Told at start-up, which then goes on to its end; each case in a fresh X server and folder.
     void aMalformedLevelIsToldAndTheEditorGoesOn() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, message);
-        prepareFolder(folder->path(), bytes);
-        if (bytes.isEmpty()) QCOMPARE(mkfifo(QFile::encodeName(level()), 0600), 0);
-        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));
-        QVERIFY(x->messageText("Varnok Editor").contains(message));
-        QVERIFY(x->closeBox("Varnok Editor"));
-        QVERIFY(x->closeBox("Nápověda"));  // start-up goes on to its end
-        QVERIFY(x->editorRunning());
+        const auto row = [&](const QByteArray& bytes, const QString& message) {
+            init();
+            prepareFolder(folder->path(), bytes);  // none: a FIFO, which would block its reader
+            if (bytes.isEmpty()) QCOMPARE(mkfifo(QFile::encodeName(level()), 0600), 0);
+            QVERIFY2(x->startEditor(VARNOK_EDITOR, folder->path()) &&
+                         x->messageText("Varnok Editor").contains(message) &&
+                         x->closeBox("Varnok Editor") && x->closeBox("Nápověda") &&
+                         x->editorRunning(),
+                     qPrintable(message));
+        };
+        row(levelFile({}).insert(15 + 10 * 36 + 20, '0'),
+            "NEODPOVIDA DELKA RADKU 3 V level99.VRK!");
+        row(levelFile({}).replace(4, 2, "99999"),
+            "Soubor level99.VRK: rozměr levelu na řádku 2 je mimo povolený rozsah");
+        row({}, "Soubor level99.VRK nelze otevřít: není to obyčejný soubor");
     }
 
     // A wall rectangle, a floor rectangle inside it (a ring is left), a crate flood inside the
@@ -399,6 +416,75 @@ class EndToEndTest : public QObject {
         QVERIFY(save());
         QCOMPARE(waitForFile(level(), edited), encodeLevelFile(model.level()));
         QCOMPARE(model.level().cell(5, 5), 16);  // back to the painted T
+    }
+
+    // The editor killed and started again on the same folder, and two editors on one level file.
+    void aKilledEditorsWorkComesBack() {
+        prepareFolder(folder->path(), levelFile(heroOnly));
+        QVERIFY(openEditor());
+        paintAndKill();
+        QCOMPARE(copies().size(), 1);
+
+        // No: the file's level stays, the copy goes to discarded/.
+        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));
+        QVERIFY(!x->boxShown(Recover));  // the help box comes first
+        QVERIFY(x->closeBox("Nápověda"));
+        QVERIFY(x->messageText(Recover).startsWith(
+            "Editor nebyl řádně ukončen. Obnovit neuložené změny levelu level99.VRK z "));
+        x->key("Escape");
+        QVERIFY(X11Session::waitUntil(5000, [&] { return !x->boxShown(Recover); }));
+        QCOMPARE(copies("discarded"), QStringList{copies("discarded").value(0)});
+        QVERIFY(copies().isEmpty());
+        QCOMPARE(savedCell(savedBytes(), 5, 5), 0);
+
+        // Yes: the painted level, exactly as copied, as one step that Ctrl+Z takes back.
+        paintAndKill();
+        const QByteArray painted = bytesOf(state->filePath("varnok/recovery/" + copies().value(0)));
+        QCOMPARE(savedCell(painted, 5, 5), 25);  // the crate
+        QVERIFY(openEditor());
+        QVERIFY(x->closeBox(Recover));
+        QCOMPARE(savedBytes(), painted);
+        x->clickInWindow({QPoint(100, 8)});  // the mouse hint: the window takes the keys
+        x->key("ctrl+z");
+        QCOMPARE(savedCell(savedBytes(), 5, 5), 0);
+
+        // Closed normally, the editor leaves no copy and asks nothing at the next start.
+        x->clickInWindow({entry(4), cell(6, 6)});
+        QVERIFY(X11Session::waitUntil(3000, [&] { return !copies().isEmpty(); }));
+        QVERIFY(x->closeEditorWindow());
+        QCOMPARE(x->editorExitCode(), 0);
+        QVERIFY(copies().isEmpty());
+        QVERIFY(openEditor());
+        QThread::msleep(1500);
+        QVERIFY(!x->boxShown(Recover));
+        QVERIFY(x->editorRunning());
+    }
+
+    void oneEditorPerLevelFile() {
+        prepareFolder(folder->path(), levelFile(heroOnly));
+        QVERIFY(openEditor());
+        const qint64 first = x->editorId();
+
+        // A second editor on the same file asks after its help box; No ends it.
+        QProcess second;
+        QVERIFY(x->launchAnotherEditor(second, VARNOK_EDITOR, folder->path()));
+        QVERIFY(x->closeBox("Nápověda"));
+        QCOMPARE(x->messageText(OpenElsewhere),
+                 QStringLiteral("Level level99.VRK už je otevřený v jiném okně editoru (proces "
+                                "%1). Otevřít ho přesto?")
+                     .arg(first));
+        x->key("Escape");
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(second.exitCode(), 0);
+        QVERIFY(x->editorRunning());
+
+        // The first one killed, its lock is taken over without a word.
+        QCOMPARE(::kill(pid_t(first), SIGKILL), 0);
+        QCOMPARE(x->editorExitCode(), -1);
+        QVERIFY(openEditor());
+        QThread::msleep(1500);
+        QVERIFY(!x->boxShown(OpenElsewhere));
+        QVERIFY(x->editorRunning());
     }
 };
 

@@ -66,38 +66,41 @@ class LevelModelTest : public QObject {
                  levelFile(20, 20, lines) + (QByteArray(34, '0') + "\r\n").repeated(7));
     }
 
-    void rowLengthsDecideWhereTheGridEnds_data() {
-        QTest::addColumn<QByteArray>("bytes");  // a 4 x 3 level of walls
-        QTest::addColumn<int>("rowsRead");
-        QTest::addColumn<bool>("warned");  // about the first row not read
-        const QByteArray whole = levelFile(4, 3, {"1111", "1111", "1111"});
-        QTest::newRow("all rows, no bottom border") << whole << 3 << false;
-        QTest::newRow("no rows, sign, zeros") << QByteArray("1\r\n18\r\n+0017\r\n") << 0 << false;
-        QTest::newRow("short first row") << levelFile(4, 3, {"111", "1111", "1111"}) << 0 << true;
-        QTest::newRow("long second row") << levelFile(4, 3, {"1111", "11111", "1111"}) << 1 << true;
-        QTest::newRow("cut off in the last row") << whole.chopped(5) << 2 << true;
-    }
     void rowLengthsDecideWhereTheGridEnds() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, rowsRead);
-        QFETCH(bool, warned);
-        Level level;
-        const LevelReadResult read = readBytes(level, bytes);  // a refusal keeps its 30 x 30
-        QCOMPARE(read.warning,
-                 warned ? QString("NEODPOVIDA DELKA RADKU %1 V level99.VRK!").arg(rowsRead) : "");
-        QCOMPARE(QSize(level.width(), level.height()), QSize(4, 3));
-        for (int y = 0; y <= 3; ++y)
-            for (int x = 0; x <= 4; ++x)
-                QCOMPARE(std::pair(QPoint(x, y), int(level.cell(x, y))),
-                         std::pair(QPoint(x, y), x < 4 && y < rowsRead ? 1 : 0));
-        QVERIFY(!level.hero());
+        // A 4 x 3 level of walls: the rows read, whether the first row not read is warned about.
+        const auto row = [](const char* name, const QByteArray& bytes, int rowsRead, bool warned) {
+            Level level;
+            const LevelReadResult read = readBytes(level, bytes);  // a refusal keeps its 30 x 30
+            const QString warning =
+                QString("NEODPOVIDA DELKA RADKU %1 V level99.VRK!").arg(rowsRead);
+            QCOMPARE(
+                std::tuple(name, read.warning, QSize(level.width(), level.height()), !level.hero()),
+                std::tuple(name, warned ? warning : "", QSize(4, 3), true));
+            for (int y = 0; y <= 3; ++y)
+                for (int x = 0; x <= 4; ++x)
+                    QCOMPARE(std::tuple(name, QPoint(x, y), int(level.cell(x, y))),
+                             std::tuple(name, QPoint(x, y), x < 4 && y < rowsRead ? 1 : 0));
+        };
+        const QByteArray whole = levelFile(4, 3, {"1111", "1111", "1111"});
+        row("all rows, no bottom border", whole, 3, false);
+        row("no rows, sign, zeros", "1\r\n18\r\n+0017\r\n", 0, false);
+        row("short first row", levelFile(4, 3, {"111", "1111", "1111"}), 0, true);
+        row("long second row", levelFile(4, 3, {"1111", "11111", "1111"}), 1, true);
+        row("cut off in the last row", whole.chopped(5), 2, true);
     }
 
-    void refusesABadHeaderAndKeepsTheLevel_data() {
-        QTest::addColumn<QByteArray>("bytes");  // none: no file at all
-        QTest::addColumn<QString>("reason");
-        const auto row = [](const char* name, const QByteArray& bytes, const char* reason) {
-            QTest::newRow(name) << bytes << QString(reason);
+    void refusesABadHeaderAndKeepsTheLevel() {
+        const auto row = [&](const char* name, const QByteArray& bytes, const char* reason) {
+            QFile::remove(path());
+            if (!bytes.isNull()) QVERIFY(writeFile(path(), bytes));  // none: no file at all
+            Level level = filledLevel(5, 6, 25);
+            level.setHero(QPoint(3, 0));
+            const QByteArray kept = encodeLevelFile(level);
+            const LevelReadResult read = readLevelFile(level, path());
+            QVERIFY2(read.refusal.contains(reason) && read.refusal.contains("level99.VRK"),
+                     qPrintable(name + QString(": ") + read.refusal));
+            QCOMPARE(std::tuple(name, read.missing, encodeLevelFile(level) == kept, level.hero()),
+                     std::tuple(name, bytes.isNull(), true, std::optional(QPoint(3, 0))));
         };
         row("no file", QByteArray(), "nebyl nalezen");
         row("empty", "", "prázdný");
@@ -109,21 +112,6 @@ class LevelModelTest : public QObject {
         row("below the border", "1\r\n 13 \r\n 34 \r\n", "řádku 2 je mimo");
         row("one too many", "1\r\n 34 \r\n 1015 \r\n", "řádku 3 je mimo");
         row("LF line ends", "1\n 34 \n 34 \n" + QByteArray(34, '0') + "\n", "konce řádků LF");
-    }
-    void refusesABadHeaderAndKeepsTheLevel() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, reason);
-        QFile::remove(path());
-        if (!bytes.isNull()) QVERIFY(writeFile(path(), bytes));
-        Level level = filledLevel(5, 6, 25);
-        level.setHero(QPoint(3, 0));
-        const QByteArray kept = encodeLevelFile(level);
-        const LevelReadResult read = readLevelFile(level, path());
-        QVERIFY2(read.refusal.contains(reason) && read.refusal.contains("level99.VRK"),
-                 qPrintable(read.refusal));
-        QCOMPARE(read.missing, bytes.isNull());
-        QCOMPARE(encodeLevelFile(level), kept);
-        QCOMPARE(level.hero(), std::optional(QPoint(3, 0)));
     }
 
     // A FIFO would block the open and a device never ends: both are refused before reading,
@@ -192,7 +180,8 @@ class LevelModelTest : public QObject {
         QVERIFY(shownFileName(name).endsWith("/a\\xff\\xc3\x62.VRK"));
     }
 
-    void queriesStayInTheLevelProper() {
+    // Walls and the hero are looked for in the level proper; wall pieces join their arms.
+    void queriesStayInTheLevelProperAndPiecesJoinTheirArms() {
         const Level level = filledLevel(30, 20, 1);  // walls, the margin included
         for (QPoint off : {QPoint(0, 5), QPoint(5, 0), QPoint(-1, 5), QPoint(30, 5), QPoint(5, 20),
                            QPoint(5, 25)})
@@ -204,9 +193,7 @@ class LevelModelTest : public QObject {
         QVERIFY(!containsHero(heroes));
         heroes.setCell(3, 2, HeroCode);
         QVERIFY(containsHero(heroes));
-    }
-
-    void wallPiecesJoinTheirArms() {
+        // Each wall piece has the arms its key names.
         for (int key = 0; key < 16; ++key) {
             const std::string walls = {key & 8 ? '1' : '0', key & 4 ? '1' : '0',
                                        key & 2 ? '1' : '0', key & 1 ? '1' : '0'};

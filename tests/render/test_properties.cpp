@@ -12,7 +12,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include <deque>
+#include <functional>
 #include <set>
 
 // Properties over many random levels and edits, from a fixed seed so a failure repeats.
@@ -108,7 +108,7 @@ class PropertyTest : public QObject {
     }
     // A rectangle or flood fill leaves the grid that applying the same tool to the same cells
     // one by one leaves, but for which straight or joined piece each wall drew; the flood's
-    // cells are those a plain breadth-first search finds.
+    // cells are those a plain search finds.
     void areaFillsMatchPaintingCellByCell() {
         const auto tools = paletteTools();
         const int fillTools[] = {FloorCode, WallToolCode, 23, 124, 138};
@@ -136,24 +136,16 @@ class PropertyTest : public QObject {
             const bool flood = round % 2 == 0;
             const CellRegion region = flood ? floodRegion(level, a) : rectangleRegion(level, a, b);
             if (flood) {
+                // The same kind (a wall: any wall piece), reached through four neighbours.
+                const int kind = level.cell(a.x(), a.y());
                 std::set<std::pair<int, int>> found;
-                if (isInsideFrame(level, a.x(), a.y())) {
-                    const auto same = [&](int x, int y) {
-                        const int s = level.cell(a.x(), a.y()), c = level.cell(x, y);
-                        return isWallPiece(s) ? isWallPiece(c) : c == s;
-                    };
-                    std::deque<QPoint> queue{a};
-                    found.insert({a.x(), a.y()});
-                    while (!queue.empty()) {
-                        const QPoint p = queue.front();
-                        queue.pop_front();
-                        for (const QPoint n : {p + QPoint(1, 0), p - QPoint(1, 0), p + QPoint(0, 1),
-                                               p - QPoint(0, 1)})
-                            if (isInsideFrame(level, n.x(), n.y()) && same(n.x(), n.y()) &&
-                                found.insert({n.x(), n.y()}).second)
-                                queue.push_back(n);
-                    }
-                }
+                const std::function<void(int, int)> grow = [&](int x, int y) {
+                    const int c = isInsideFrame(level, x, y) ? level.cell(x, y) : -1;
+                    if (c >= 0 && (isWallPiece(kind) ? isWallPiece(c) : c == kind) &&
+                        found.insert({x, y}).second)
+                        grow(x + 1, y), grow(x - 1, y), grow(x, y + 1), grow(x, y - 1);
+                };
+                grow(a.x(), a.y());
                 QCOMPARE(region.count(), int(found.size()));
                 for (const auto& [x, y] : found) QVERIFY(region.contains(x, y));
             } else {  // both corners belong, whichever way the drag went

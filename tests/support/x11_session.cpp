@@ -143,17 +143,10 @@ bool X11Session::takeKeys(const QString& window) {
     return focused();
 }
 
-bool X11Session::closeBox(const QString& title) {
+bool X11Session::closeBox(const QString& title, const QString& typed) {
     const QString box = waitForWindow(title);
     if (box.isEmpty() || !takeKeys(box)) return false;
-    key("Return");
-    return waitUntil(15000, [&] { return !windowShown(title); });
-}
-
-bool X11Session::answerFileDialog(const QString& title, const QString& path) {
-    const QString dialog = waitForWindow(title);
-    if (dialog.isEmpty() || !takeKeys(dialog)) return false;
-    xdotool({"type", "--delay", "20", path});
+    if (!typed.isEmpty()) xdotool({"type", "--delay", "20", typed});
     key("Return");
     return waitUntil(15000, [&] { return !windowShown(title); });
 }

@@ -38,10 +38,9 @@ class X11Session {
     bool editorRunning() { return !editor.waitForFinished(0) && editor.processId(); }
     qint64 editorId() const { return editor.processId(); }
 
-    // Waits for the box with this title, presses Return (its default button), waits till it goes.
-    bool closeBox(const QString& title);
-    // Waits for the file dialog with this title, types `path` into it and presses Return.
-    bool answerFileDialog(const QString& title, const QString& path);
+    // Waits for the box with this title, types `typed` into it (a file dialog's path), presses
+    // Return (its default button), waits till it goes.
+    bool closeBox(const QString& title, const QString& typed = {});
     // The main window's title, once it is `expected` (within 5 s), else as it is then.
     QString mainWindowTitle(const QString& expected);
     // The text shown in the box with this title, copied from the screen.

