@@ -65,7 +65,7 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
     quint8* row = dots.data() + static_cast<std::size_t>(y) * (width + 1);
     // Rows are mostly runs of one colour: the last one found is tried first.
     QRgb lastColour = MinimapBackground;
-    quint8 lastIndex = 0;
+    quint8 lastIndex = BackgroundIndex;
     for (int x = 0; x < drawn; ++x) {
         if (colours[x] != lastColour) {
             lastColour = colours[x];
@@ -73,14 +73,17 @@ void MinimapCanvas::drawDotRow(int y, const QRgb* colours, int count) {
         }
         row[x] = lastIndex;
     }
-    markBlocks(y, drawn);
-    if (changed && drawn > 0) changed(QRect(0, y, drawn, 1));
+    rowDrawn(y, drawn);
 }
 
 void MinimapCanvas::drawIndexedDotRow(int y, const quint8* indices, int count) {
     if (y < 0 || y > height) return;
     const int drawn = std::clamp(count, 0, width + 1);
     std::copy_n(indices, drawn, dots.data() + static_cast<std::size_t>(y) * (width + 1));
+    rowDrawn(y, drawn);
+}
+
+void MinimapCanvas::rowDrawn(int y, int drawn) {
     markBlocks(y, drawn);
     if (changed && drawn > 0) changed(QRect(0, y, drawn, 1));
 }

@@ -121,6 +121,7 @@ class MinimapCanvas {
     static constexpr int BlockDots = 16;
     int blocksPerRow() const { return width / BlockDots + 1; }
     void markBlocks(int y, int end);
+    void rowDrawn(int y, int drawn);  // marks dots 0..drawn - 1 of row y and tells the change
     void markFigures(QImage& image, const QRect& area, MinimapScale scale) const;
 
     // A dot is kept as its colour's place in `colours`, a byte: the dots of a 1000 x 1000
