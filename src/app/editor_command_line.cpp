@@ -171,9 +171,8 @@ EditorLaunch parseEditorCommandLine(const QStringList& arguments, const QString&
     }
 
     launch.action = EditorLaunch::Action::Run;
-    launch.levelFile = QDir::cleanPath(QFileInfo(level).absoluteFilePath());
-    launch.spriteSheet =
-        QDir(QFileInfo(launch.levelFile).absolutePath()).filePath(SpriteSheetFileName);
+    launch.levelFile = cleanAbsolutePath(level);
+    launch.spriteSheet = spriteSheetBeside(launch.levelFile);
     return launch;
 }
 

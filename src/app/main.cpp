@@ -14,7 +14,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <memory>
 
 #include <langinfo.h>
 #include <unistd.h>

@@ -5,21 +5,13 @@
 #include "block_painter.h"
 #include "cell_edit.h"
 #include "cell_region.h"
+#include "file_names.h"
 #include "replace_level.h"
 #include "tile_codes.h"
 #include "tools.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 #include <climits>
-#include <cmath>
-
-namespace {
-QString absolutePath(const QString& path) {
-    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
-}
-}  // namespace
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
     : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
@@ -62,13 +54,13 @@ LevelReadResult LevelDocument::openOther(const QString& path, const LevelView& s
                                          bool& sheetUsable) {
     sheetUsable = true;
     Level read;
-    const QString level = absolutePath(path);
+    const QString level = cleanAbsolutePath(path);
     LevelReadResult result = readLevelFile(read, level);
     if (!result.ok()) return result;
     if (!result.warning.isEmpty()) emit levelFileWarning(result.warning);
     WorkingFile before = workingFile();
     levelPath = level;
-    sheetPath = QFileInfo(level).dir().filePath(SpriteSheetFileName);
+    sheetPath = spriteSheetBeside(level);
     sheetUsable = loadSpriteSheet();
     replaceLevel(std::move(read), shownBefore, std::move(before));
     emit levelFileChanged(levelPath);
@@ -76,7 +68,7 @@ LevelReadResult LevelDocument::openOther(const QString& path, const LevelView& s
 }
 
 LevelWriteResult LevelDocument::saveAs(const QString& path) {
-    const QString target = absolutePath(path);
+    const QString target = cleanAbsolutePath(path);
     LevelWriteResult written = writeLevelFile(currentLevel, target);
     if (written.ok() && target != levelPath) {
         levelPath = target;
@@ -173,18 +165,13 @@ void LevelDocument::fillRegion(const CellRegion& region, int tool, QPoint cell) 
     const ToolKind kind = toolKind(tool);
     if (kind != ToolKind::Wall && kind != ToolKind::SingleCell)
         return recordEdit([&] { area.fill(region, tool, cell); });
-    // Only the region and the walls next to it change: told as one rectangle, not cell by
-    // cell, and each cell written once (the neighbours re-joined at most once each).
+    // Only the region and the walls next to it change, each cell written once (the
+    // neighbours re-joined at most once each).
     const QRect bounds = region.bounds();
-    const QRect touched = bounds.adjusted(-1, -1, 1, 1);
-    const auto edge = static_cast<std::size_t>(2 * (bounds.width() + bounds.height()) + 4);
-    renderer.map().setChangeListener({});
-    renderer.minimap().setChangeListener({});
-    recordEdit([&] { area.fill(region, tool, cell); },
-               static_cast<std::size_t>(region.count()) + edge);
-    listenToCanvases();
-    cellsDrawn(touched);
-    tellChangedCells();
+    recordAreaEdit(bounds, [&] {
+        area.fill(region, tool, cell);
+        return bounds.adjusted(-1, -1, 1, 1);
+    });
 }
 
 LevelBlock LevelDocument::copyBlock(const QRect& cells) const {
@@ -195,29 +182,30 @@ void LevelDocument::clearCells(const QRect& cells) {
     BlockPainter blocks(currentLevel, renderer.sprites(), renderer.tools());
     const QRect area = cells & cellsInsideFrame(currentLevel);
     if (area.isEmpty()) return;
-    recordBlockEdit(
-        static_cast<std::size_t>(area.width()) * static_cast<std::size_t>(area.height()),
-        [&] { return blocks.clear(cells); });
+    recordAreaEdit(area, [&] { return blocks.clear(cells); });
 }
 
 void LevelDocument::placeBlock(const LevelBlock& block, QPoint at) {
     BlockPainter blocks(currentLevel, renderer.sprites(), renderer.tools());
-    recordBlockEdit(block.codes.size(), [&] { return blocks.place(block, at); });
+    recordAreaEdit(QRect(at, QSize(block.width, block.height)),
+                   [&] { return blocks.place(block, at); });
 }
 
+// An edit of a rectangle of cells and the walls round it; `write` gives the cells it touched.
 // Thousands of cells are told as one rectangle, not one by one.
-void LevelDocument::recordBlockEdit(std::size_t cells, const std::function<QRect()>& write) {
+void LevelDocument::recordAreaEdit(const QRect& area, const std::function<QRect()>& write) {
     renderer.map().setChangeListener({});
     renderer.minimap().setChangeListener({});
     QRect touched;
-    // Besides the cells, the walls round them and the old hero's cell.
-    const auto side = static_cast<std::size_t>(std::sqrt(static_cast<double>(cells)));
     const std::optional<QPoint> oldHero = currentLevel.hero();
-    recordEdit([&] { touched = write(); }, cells + 4 * side + 8);
+    // The area, the walls round it and the old hero's cell.
+    const auto expected = static_cast<std::size_t>(area.width()) * area.height() +
+                          2 * static_cast<std::size_t>(area.width() + area.height()) + 5;
+    recordEdit([&] { touched = write(); }, expected);
     listenToCanvases();
-    // The old hero's cell, which a block with a hero turns to floor, may lie anywhere.
     if (!touched.isEmpty()) cellsDrawn(touched);
-    if (!touched.isEmpty() && oldHero) cellsDrawn(QRect(*oldHero, QSize(1, 1)));
+    // The old hero's cell, which a block with a hero turns to floor, may lie anywhere.
+    if (oldHero && currentLevel.hero() != oldHero) cellsDrawn(QRect(*oldHero, QSize(1, 1)));
     tellChangedCells();
 }
 

@@ -140,7 +140,7 @@ class LevelDocument : public QObject {
     void recordEdit(const std::function<void()>& write, std::size_t expectedWrites = 0);
     void fillRegion(const CellRegion& region, int tool, QPoint cell);
     // Records a block edit of about `cells` cells, told as the rectangle it returns.
-    void recordBlockEdit(std::size_t cells, const std::function<QRect()>& write);
+    void recordAreaEdit(const QRect& area, const std::function<QRect()>& write);
     void showKeptLevel(const ShownLevel& shown);
     void stepThroughHistory(bool (LevelHistory::*step)());
     void listenToCanvases();

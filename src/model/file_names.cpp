@@ -1,6 +1,8 @@
 #include "file_names.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -88,6 +90,10 @@ QString shownFileName(const QString& name) {
             shown += c;
     }
     return shown;
+}
+
+QString cleanAbsolutePath(const QString& path) {
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
 
 bool statusOf(const QString& path, struct stat& info) {

@@ -18,6 +18,9 @@ bool hasForeignBytes(const QString& name);
 // A name as it is shown to the user: such a byte as \xNN, so it never reads as another name.
 QString shownFileName(const QString& name);
 
+// The absolute form of a path without "." and ".." parts, as the editor names a level file.
+QString cleanAbsolutePath(const QString& path);
+
 // stat() of the exact name, following links; false with errno set when it fails.
 bool statusOf(const QString& path, struct stat& info);
 // Opens the file of the exact name for reading (without waiting on a pipe); errno on failure.

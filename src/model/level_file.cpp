@@ -7,6 +7,7 @@
 #include "line_reader.h"
 #include "tile_codes.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QIODevice>
@@ -90,6 +91,10 @@ QString readHeader(LineReader& reader, const QString& name, Header& header) {
 }
 
 }  // namespace
+
+QString spriteSheetBeside(const QString& levelFile) {
+    return QFileInfo(levelFile).dir().filePath(SpriteSheetFileName);
+}
 
 LevelReadResult readLevelFile(Level& level, const QString& path) {
     const QString name = shownName(path);

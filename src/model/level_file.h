@@ -8,6 +8,8 @@ class Level;
 // The level file the editor works on, and the sprite sheet it looks for beside it.
 inline constexpr char LevelFileName[] = "level99.VRK";
 inline constexpr char SpriteSheetFileName[] = "EditPic.jpg";
+// The sprite sheet that goes with a level file: the one in the level file's folder.
+QString spriteSheetBeside(const QString& levelFile);
 
 // What reading a level file found.
 struct LevelReadResult {

@@ -236,7 +236,7 @@ QStringList EditorWindow::recentLevelFiles() const {
 
 // The title and the files remembered follow the level file.
 void EditorWindow::showLevelFile() {
-    const QString file = QDir::cleanPath(QFileInfo(document.levelFile()).absoluteFilePath());
+    const QString file = cleanAbsolutePath(document.levelFile());
     setWindowTitle(file == defaultLevelFile
                        ? Title
                        : Title + QStringLiteral(" — ") + shownFileName(QFileInfo(file).fileName()));
