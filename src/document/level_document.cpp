@@ -74,6 +74,7 @@ LevelWriteResult LevelDocument::saveAs(const QString& path) {
         levelPath = target;
         emit levelFileChanged(levelPath);
     }
+    if (written.ok()) emit levelSaved();
     return written;
 }
 
@@ -117,8 +118,10 @@ void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& sho
     emit levelReplaced(shownNow, painted, painted && frameAnew);
 }
 
-LevelWriteResult LevelDocument::save() const {
-    return writeLevelFile(currentLevel, levelPath);
+LevelWriteResult LevelDocument::save() {
+    LevelWriteResult written = writeLevelFile(currentLevel, levelPath);
+    if (written.ok()) emit levelSaved();
+    return written;
 }
 
 void LevelDocument::applyTool(int x, int y, int tool) {

@@ -64,7 +64,7 @@ class LevelDocument : public QObject {
     // the history, but exactly as kept: its frame is not drawn anew.
     void restoreLevel(Level kept, const LevelView& shownBefore);
     // Writes the level file; a failed write leaves the old file as it was.
-    [[nodiscard]] LevelWriteResult save() const;
+    [[nodiscard]] LevelWriteResult save();
     // Opens another level file, read as open() reads it; once read, it is the level file of
     // every later Open and Save, and the sprite sheet beside it is used (the built-in one when
     // there is none; `sheetUsable` false when the one there cannot be used). A refused file
@@ -124,6 +124,8 @@ class LevelDocument : public QObject {
     // The level file is another one now (an absolute path): opened, saved under a new name, or
     // brought back by undo or redo.
     void levelFileChanged(const QString& absolutePath);
+    // The level was written to the level file, by Save or Save As.
+    void levelSaved();
 
   private:
     // The level that New or Open brings, redrawn and recorded; with `fileBefore`, the step

@@ -32,6 +32,7 @@ RecoveryKeeper::RecoveryKeeper(LevelDocument& document, QString folder, QObject*
     connect(&document, &LevelDocument::levelReplaced, this, &RecoveryKeeper::levelChanged);
     // Open… and Save As… move the copy and the lock to the file now worked on.
     connect(&document, &LevelDocument::levelFileChanged, this, &RecoveryKeeper::setLevelFile);
+    connect(&document, &LevelDocument::levelSaved, this, &RecoveryKeeper::levelSaved);
     if (recoveryFolder.isEmpty()) return;
     RecoveryStore::purgeOlderThan(recoveryFolder, Discarded, KeptDays);
     RecoveryStore::purgeOlderThan(recoveryFolder, Damaged, KeptDays);

@@ -192,8 +192,7 @@ void EditorWindow::saveLevel() {
     if (!heroPlacedOrTold()) return;
     if (recovery && !recovery->mayWrite()) return;
     if (const LevelWriteResult written = document.save(); !written.ok())
-        return dialogs.error(written.failure);
-    if (recovery) recovery->saved();
+        dialogs.error(written.failure);
 }
 
 void EditorWindow::openLevel() {

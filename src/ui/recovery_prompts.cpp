@@ -9,8 +9,10 @@
 #include <QDir>
 #include <QFileInfo>
 
-const QString RecoveryPrompts::RecoverTitle = QStringLiteral("Obnovit level");
-const QString RecoveryPrompts::OpenElsewhereTitle = QStringLiteral("Level je otevřený");
+namespace {
+const QString RecoverTitle = QStringLiteral("Obnovit level");
+const QString OpenElsewhereTitle = QStringLiteral("Level je otevřený");
+}  // namespace
 
 RecoveryPrompts::RecoveryPrompts(LevelDocument& document, RecoveryKeeper& keeper, Dialogs& dialogs)
     : document(document), keeper(keeper), dialogs(dialogs) {}
@@ -65,10 +67,6 @@ bool RecoveryPrompts::mayWrite() {
             .arg(levelName())
             .arg(keeper.otherEditor()),
         OpenElsewhereTitle);
-}
-
-void RecoveryPrompts::saved() {
-    keeper.levelSaved();
 }
 
 void RecoveryPrompts::tellCopyFailed(const QString& reason) {

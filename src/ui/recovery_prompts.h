@@ -19,12 +19,8 @@ class RecoveryPrompts {
     bool askAtStartUp(const LevelView& shown);
     // Before Save writes; false when the user would rather not write.
     bool mayWrite();
-    void saved();
     // The first recovery copy that could not be written: said once, editing goes on.
     void tellCopyFailed(const QString& reason);
-
-    static const QString RecoverTitle;
-    static const QString OpenElsewhereTitle;
 
   private:
     QString levelName() const;
