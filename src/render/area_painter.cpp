@@ -40,10 +40,7 @@ void AreaPainter::paintWalls(const CellRegion& region) {
     region.forEachCell([&](int x, int y) {
         const int key = wallKey(
             {wallAfter(x - 1, y), wallAfter(x, y + 1), wallAfter(x + 1, y), wallAfter(x, y - 1)});
-        int piece = wallPieceFor(key);
-        if (key == HorizontalWallKey) piece = tools.randomHorizontalPiece();
-        if (key == VerticalWallKey) piece = tools.randomVerticalPiece();
-        sprites.paintSprite(x, y, piece);
+        sprites.paintSprite(x, y, tools.pieceFor(key));
     });
 }
 

@@ -61,10 +61,7 @@ QRect BlockPainter::clear(const QRect& cells) {
 }
 
 int BlockPainter::joinedPiece(int code, int key) {
-    if (wallKey(armsOfPiece(code)) == key) return code;
-    if (key == HorizontalWallKey) return tools.randomHorizontalPiece();
-    if (key == VerticalWallKey) return tools.randomVerticalPiece();
-    return wallPieceFor(key);
+    return wallKey(armsOfPiece(code)) == key ? code : tools.pieceFor(key);
 }
 
 // The walls beside the rectangle's four sides (not its corners' diagonals), in the order

@@ -52,17 +52,11 @@ void ToolPainter::applyTool(int x, int y, int tool) {
 }
 
 void ToolPainter::chooseWallPiece(int x, int y) {
-    const int key = wallKeyAt(level, x, y);
-    int piece = wallPieceFor(key);
-    if (key == HorizontalWallKey) piece = randomHorizontalPiece();
-    if (key == VerticalWallKey) piece = randomVerticalPiece();
-    sprites.paintSprite(x, y, piece);
+    sprites.paintSprite(x, y, pieceFor(wallKeyAt(level, x, y)));
 }
 
-int ToolPainter::randomHorizontalPiece() {
-    return drawStraightPiece(random, FirstHorizontalPiece);
-}
-
-int ToolPainter::randomVerticalPiece() {
-    return drawStraightPiece(random, FirstVerticalPiece);
+int ToolPainter::pieceFor(int key) {
+    if (key == HorizontalWallKey) return drawStraightPiece(random, FirstHorizontalPiece);
+    if (key == VerticalWallKey) return drawStraightPiece(random, FirstVerticalPiece);
+    return wallPieceFor(key);
 }

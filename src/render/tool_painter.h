@@ -13,8 +13,9 @@ class ToolPainter {
     void applyTool(int x, int y, int tool);
     // Paints at (x, y) the wall piece whose arms point at the neighbours that are walls.
     void chooseWallPiece(int x, int y);
-    int randomHorizontalPiece();  // 1 with probability 1/2, else 2, 3 or 4
-    int randomVerticalPiece();    // 5 with probability 1/2, else 6, 7 or 8
+    // The piece for a wall key: from the piece table, but a plain straight wall is drawn from
+    // its four pieces at random.
+    int pieceFor(int key);
 
   private:
     Level& level;
