@@ -42,7 +42,8 @@ void MinimapCanvas::resize(int columns, int rows) {
     if (std::max(columns, 0) == width && std::max(rows, 0) == height && !dots.empty()) return;
     width = std::max(columns, 0);
     height = std::max(rows, 0);
-    dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1), 0);
+    dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
+                BackgroundIndex);
     notAllFloor.assign(static_cast<std::size_t>(blocksPerRow()) * (height + 1), 0);
     if (changed) changed(QRect(0, 0, width + 1, height + 1));
 }
@@ -55,7 +56,8 @@ void MinimapCanvas::setDot(int x, int y, QRgb colour) {
     if (x < 0 || x > width || y < 0 || y > height) return;
     const quint8 index = colourIndex(colour);
     dots[static_cast<std::size_t>(y) * (width + 1) + x] = index;
-    if (index != 0) notAllFloor[static_cast<std::size_t>(y) * blocksPerRow() + x / BlockDots] = 1;
+    if (index != BackgroundIndex)
+        notAllFloor[static_cast<std::size_t>(y) * blocksPerRow() + x / BlockDots] = 1;
     if (changed) changed(QRect(x, y, 1, 1));
 }
 
@@ -104,18 +106,11 @@ void MinimapCanvas::markBlocks(int y, int end) {
 }
 
 quint8 MinimapCanvas::colourIndex(QRgb colour) {
-    if (colour == MinimapBackground) return BackgroundIndex;
-    const auto mask = colourSlots.size() - 1;
-    for (std::size_t slot = ((colour * 2654435761u) >> 22) & mask;; slot = (slot + 1) & mask) {
-        if (colourSlots[slot] == 0) {
-            if (colours.size() > 255) qFatal("The minimap holds at most 256 dot colours");
-            colours.push_back(colour);
-            colourSlots[slot] = static_cast<quint16>(colours.size());
-            return static_cast<quint8>(colours.size() - 1);
-        }
-        if (colours[colourSlots[slot] - 1u] == colour)
-            return static_cast<quint8>(colourSlots[slot] - 1u);
-    }
+    const auto found = std::find(colours.begin(), colours.end(), colour);
+    if (found != colours.end()) return static_cast<quint8>(found - colours.begin());
+    if (colours.size() > 255) qFatal("The minimap holds at most 256 dot colours");
+    colours.push_back(colour);
+    return static_cast<quint8>(colours.size() - 1);
 }
 
 QRgb MinimapCanvas::dotAt(int x, int y) const {

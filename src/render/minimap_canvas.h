@@ -4,7 +4,6 @@
 #include <QPointF>
 #include <QRect>
 
-#include <array>
 #include <functional>
 #include <vector>
 
@@ -125,11 +124,10 @@ class MinimapCanvas {
     void markFigures(QImage& image, const QRect& area, MinimapScale scale) const;
 
     // A dot is kept as its colour's place in `colours`, a byte: the dots of a 1000 x 1000
-    // level take 1 MB, not 4. The colours are those of the codes, a few dozen; the
-    // background is always the first.
+    // level take 1 MB, not 4. The colours are those of the codes, under ten, so a short search
+    // finds them; the background is always the first.
     std::vector<QRgb> colours{MinimapBackground};
-    std::array<quint16, 1024> colourSlots{};  // open addressing: index + 1, or 0 for none
-    std::vector<quint8> dots;                 // (width + 1) x (height + 1)
-    std::vector<quint8> notAllFloor;          // blocksPerRow() x (height + 1)
+    std::vector<quint8> dots;         // (width + 1) x (height + 1)
+    std::vector<quint8> notAllFloor;  // blocksPerRow() x (height + 1)
     std::function<void(const QRect&)> changed;
 };

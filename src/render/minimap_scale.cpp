@@ -177,7 +177,7 @@ void MinimapCanvas::paintScaled(QPainter& painter, const QRect& exposed, Minimap
                 const int from = std::max(firstColumn, block * BlockDots) - firstColumn;
                 const int to = std::min(endColumn, (block + 1) * BlockDots) - firstColumn;
                 for (int x = from; x < to; ++x) {
-                    if (line[x] == 0) continue;  // floor
+                    if (line[x] == BackgroundIndex) continue;  // floor
                     const QRgb dot = colours[line[x]];
                     const auto column = static_cast<std::size_t>(x);
                     const std::array<float, 4> values{1, static_cast<float>(qRed(dot)),
