@@ -18,12 +18,10 @@ int blockPictureZoomStep(int width, int height) {
     return step;
 }
 
-QImage blockPicture(const LevelBlock& block, const SpriteSheet& sheet, ZoomedTiles& tiles) {
-    if (block.isEmpty()) return {};
-    // The block laid on a canvas of its own, so that it is painted as the map paints.
+MapCanvas blockCanvas(const LevelBlock& block) {
     MapCanvas canvas;
     canvas.resize(block.width, block.height);
-    std::vector<qint16> row(static_cast<std::size_t>(block.width));
+    std::vector<qint16> row(static_cast<std::size_t>(std::max(block.width, 0)));
     for (int y = 0; y < block.height; ++y) {
         for (int x = 0; x < block.width; ++x) {
             const qint16 code = block.at(x, y);
@@ -31,6 +29,12 @@ QImage blockPicture(const LevelBlock& block, const SpriteSheet& sheet, ZoomedTil
         }
         canvas.drawRow(y, row.data(), block.width);
     }
+    return canvas;
+}
+
+QImage blockPicture(const LevelBlock& block, const SpriteSheet& sheet, ZoomedTiles& tiles) {
+    if (block.isEmpty()) return {};
+    const MapCanvas canvas = blockCanvas(block);
     const int step = blockPictureZoomStep(block.width, block.height);
     const int tileSize = tileSizeAt(step);
     const QRect area(0, 0, block.width * tileSize, block.height * tileSize);

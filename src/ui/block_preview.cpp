@@ -1,8 +1,7 @@
 #include "block_preview.h"
 
-#include "map_canvas.h"
+#include "block_picture.h"
 #include "sprite_sheet.h"
-#include "tile_codes.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -21,6 +20,7 @@ BlockPreview::BlockPreview(QWidget* map, const SpriteSheet& sheet) : QWidget(map
 
 void BlockPreview::setBlock(LevelBlock shown) {
     carried = std::move(shown);
+    cells = blockCanvas(carried);
     composed = QImage();
     update();
 }
@@ -34,26 +34,10 @@ void BlockPreview::showAt(QPoint cell, int step) {
 
 // The cells of the block within `area` (pixels of the block), as the map draws them.
 void BlockPreview::paintCells(QPainter& painter, const QRect& area) const {
-    const int firstColumn = std::max(area.left() / tile, 0);
-    const int lastColumn = std::min(area.right() / tile, carried.width - 1);
-    const int firstRow = std::max(area.top() / tile, 0);
-    const int lastRow = std::min(area.bottom() / tile, carried.height - 1);
-    const bool full = zoomStep == 0;
-    const QImage& tiles = full ? sheet.image() : zoomedTiles.at(zoomStep);
-    const QSize picture =
-        full ? sheet.cellSize().boundedTo(QSize(TileSize, TileSize)) : QSize(tile, tile);
-    for (int y = firstRow; y <= lastRow; ++y)
-        for (int x = firstColumn; x <= lastColumn; ++x) {
-            const int code = carried.at(x, y);
-            const QRect target(x * tile, y * tile, tile, tile);
-            if (!hasPicture(code)) continue;
-            if (full && picture != QSize(TileSize, TileSize))
-                painter.fillRect(target, QColor(MapBackground));
-            const QPoint source =
-                full ? sheet.cellRect(code).topLeft()
-                     : QPoint(code % SheetColumns * tile, code / SheetColumns * tile);
-            painter.drawImage(QRect(target.topLeft(), picture), tiles, QRect(source, picture));
-        }
+    if (zoomStep == 0)
+        cells.paint(painter, area, sheet);
+    else
+        cells.paintZoomed(painter, area, zoomedTiles.at(zoomStep), tile, scratch);
 }
 
 void BlockPreview::paintEvent(QPaintEvent* event) {

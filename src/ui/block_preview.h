@@ -1,6 +1,7 @@
 #pragma once
 
 #include "level_block.h"
+#include "map_canvas.h"
 #include "zoomed_tiles.h"
 
 #include <QImage>
@@ -30,6 +31,8 @@ class BlockPreview : public QWidget {
     const SpriteSheet& sheet;
     mutable ZoomedTiles zoomedTiles{sheet};
     LevelBlock carried;
+    MapCanvas cells;  // the carried block, painted as the map paints
+    mutable QImage scratch;
     int zoomStep = 0;
     int tile = tileSizeAt(0);
     // Zoomed out, the whole block is composed once and then only copied as it moves.
