@@ -43,25 +43,26 @@ class EditorWindow : public QWidget {
     void showHelp();
     void openOtherLevel();
     void saveLevelAs();
-    bool heroPlacedOrTold();
     int selectedTool() const { return tool; }
     // Where the level files worked on are remembered and offered; none by default.
     void setRecentFiles(RecentFiles* files) { recentFiles = files; }
 
     // Blocks: copy, cut and delete act on the map's selection, paste picks up the block to
-    // carry over the map. The one place a copied block goes, and the one place paste takes
-    // it from: this window's own copy.
+    // carry over the map.
     void copySelection();
     void cutSelection();
     void deleteSelection();
     void pasteBlock();
-    void keepCopiedBlock(const LevelBlock& block);
-    std::optional<LevelBlock> blockToPaste();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    bool heroPlacedOrTold();
+    // The one place a copied block goes, and the one place paste takes it from: the system
+    // clipboard.
+    void keepCopiedBlock(const LevelBlock& block);
+    std::optional<LevelBlock> blockToPaste();
     void loadLevel(std::optional<LevelView> shownBefore);
     void makeNewLevel(std::optional<LevelView> shownBefore);
     void addKeys();

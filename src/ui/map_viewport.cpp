@@ -393,7 +393,7 @@ void MapViewport::carryBlock(const LevelBlock& block) {
     if (block.isEmpty()) return;
     cancelRectangle();
     blockPreview->setBlock(block);
-    const QPointF pointer = mapSurface->mapFromGlobal(QCursor::pos());
+    const QPointF pointer = mapSurface->placed(mapSurface->mapFromGlobal(QCursor::pos()));
     carriedCell = QPoint(cellUnder(static_cast<float>(pointer.x()), tileSize()),
                          cellUnder(static_cast<float>(pointer.y()), tileSize()));
     blockPreview->showAt(carriedCell, zoomStep);
