@@ -1,11 +1,21 @@
 #include "editor_look.h"
 
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QWidget>
 
-QFont boldSansSerif(qreal points) {
-    QFont font(QStringLiteral("MS Sans Serif"));
+QFont sansSerif(qreal points) {
+    static const QString family =
+        QFontDatabase::families().contains(QStringLiteral("MS Sans Serif"), Qt::CaseInsensitive)
+            ? QStringLiteral("MS Sans Serif")
+            : QStringLiteral("Liberation Sans");
+    QFont font(family);
     font.setPointSizeF(points);
+    return font;
+}
+
+QFont boldSansSerif(qreal points) {
+    QFont font = sansSerif(points);
     font.setBold(true);
     return font;
 }

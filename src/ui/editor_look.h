@@ -6,7 +6,10 @@
 
 class QWidget;
 
-// The window's fonts were designed with MS Sans Serif, bold; fontconfig stands in for it.
+// The window's fonts were designed with MS Sans Serif. Where it is not installed, Liberation
+// Sans, whose widths are MS Sans Serif's, is asked for by name: a family the font database
+// does not know costs a search through fontconfig's fallbacks for every font made of it.
+QFont sansSerif(qreal points);
 QFont boldSansSerif(qreal points);
 void setColour(QWidget* widget, QPalette::ColorRole role, QColor colour);
 

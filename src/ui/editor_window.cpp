@@ -46,9 +46,7 @@ std::optional<int> sideFromField(const QString& text) {
 
 EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     : document(document), dialogs(dialogs) {
-    // MS Sans Serif's widths are Liberation Sans's.
-    QFont::insertSubstitution(QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"));
-    setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+    setFont(sansSerif(8));
     defaultLevelFile =
         QDir::cleanPath(QFileInfo(document.levelFile()).absoluteDir().filePath(LevelFileName));
     showLevelFile();
