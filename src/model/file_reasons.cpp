@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstring>
 
 QString czechFileReason(int systemError, const QString& systemText) {
     switch (systemError) {
@@ -26,6 +27,10 @@ QString czechFileReason(int systemError, const QString& systemText) {
         default:
             return QStringLiteral("neznámá chyba systému (%1).").arg(systemText);
     }
+}
+
+QString czechFileReason(int systemError) {
+    return czechFileReason(systemError, QString::fromLocal8Bit(std::strerror(systemError)));
 }
 
 QString notAPlainFile(const QString& path) {

@@ -114,10 +114,7 @@ LevelReadResult readLevelFile(Level& level, const QString& path) {
     errno = 0;
     if (!openForReading(file, path)) {
         const int error = errno;
-        return {
-            cannotOpen.arg(name, czechFileReason(error, QString::fromLocal8Bit(strerror(error)))),
-            false,
-            {}};
+        return {cannotOpen.arg(name, czechFileReason(error)), false, {}};
     }
     return readLevelFrom(level, file, name);
 }
@@ -194,7 +191,6 @@ LevelWriteResult writeLevelFile(const Level& level, const QString& path) {
     errno = 0;
     if (file.open() && file.write(bytes.constData(), bytes.size()) && file.commit()) return {};
     const int error = errno;
-    return {
-        QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
-            .arg(shownName(path), czechFileReason(error, QString::fromLocal8Bit(strerror(error))))};
+    return {QStringLiteral("Level se nepodařilo uložit do souboru %1: %2")
+                .arg(shownName(path), czechFileReason(error))};
 }

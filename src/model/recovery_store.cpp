@@ -15,7 +15,6 @@
 #include <QSaveFile>
 
 #include <cerrno>
-#include <cstring>
 
 namespace RecoveryStore {
 
@@ -31,7 +30,7 @@ QString infoName(const QString& folder, const QString& base) {
 // The reason of the last failed call, in Czech; Qt's own words when the system gave none.
 QString reasonOf(int error, const QFileDevice& file) {
     if (error == 0) return czechFileReason(0, file.errorString());
-    return czechFileReason(error, QString::fromLocal8Bit(strerror(error)));
+    return czechFileReason(error);
 }
 
 // Replaces `path` whole by `bytes`; the Czech reason on failure.
@@ -74,8 +73,7 @@ QString keyFor(const QString& absoluteLevelPath) {
 
 QString write(const QString& folder, const QString& base, const Level& level, Info info) {
     errno = 0;
-    if (!QDir().mkpath(folder))
-        return czechFileReason(errno, QString::fromLocal8Bit(strerror(errno)));
+    if (!QDir().mkpath(folder)) return czechFileReason(errno);
     const QByteArray bytes = encodeLevelFile(level);
     info.bytes = bytes.size();
     // The level first: a JSON always describes a whole copy beside it.
