@@ -8,6 +8,8 @@
 #include "tool_strip.h"
 
 #include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
@@ -77,7 +79,7 @@ class WindowTest : public QObject {
     }
 
     // Whatever font stands in for the one asked for, the captions are whole.
-    void captionsFitTheirPlaces() {
+    void captionsFitTheirPlacesInTheirFonts() {
         Editor editor;
         QList<QWidget*> captioned{editor.part("mouseHintLabel"), editor.part("loadingLabel")};
         for (QToolButton* entry : editor.window.findChildren<QToolButton*>()) captioned << entry;
@@ -90,6 +92,22 @@ class WindowTest : public QObject {
             const int room = widget->inherits("QLineEdit") ? widget->contentsRect().width() - 4
                                                            : widget->width();
             QVERIFY2(widget->fontMetrics().horizontalAdvance(text) <= room, qPrintable(text));
+        }
+        // The fonts asked for: MS Sans Serif where it is installed, else Liberation Sans, which
+        // has its widths, by name; captions bold 7.8 points, the loading label bold 24, the
+        // rest 8. Without either font a wider one may stand in and be made smaller to fit.
+        const QStringList families = QFontDatabase::families();
+        const QString family = families.contains("MS Sans Serif", Qt::CaseInsensitive)
+                                   ? "MS Sans Serif"
+                                   : "Liberation Sans";
+        if (!families.contains(family, Qt::CaseInsensitive)) return;
+        for (const auto& [name, points, bold] :
+             {std::tuple("toolButton_1", 7.8, true), std::tuple("helpButton", 7.8, true),
+              std::tuple("loadingLabel", 24.0, true), std::tuple("widthField", 8.0, false)}) {
+            const QFont font = editor.part(name)->font();
+            QCOMPARE(
+                std::tuple(QString(name), QFontInfo(font).family(), font.pointSizeF(), font.bold()),
+                std::tuple(QString(name), family, points, bold));
         }
     }
 
