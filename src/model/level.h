@@ -1,33 +1,13 @@
 #pragma once
 
+#include "grid_allocator.h"
 #include "tile_codes.h"
 
 #include <QPoint>
 #include <QtGlobal>
 
-#include <memory>
-#include <new>
 #include <optional>
-#include <utility>
 #include <vector>
-
-// Makes new elements without a value, so that growing a grid that is written whole right
-// after costs no pass of zeroes.
-template <class T>
-struct UnsetAllocator : std::allocator<T> {
-    template <class U>
-    struct rebind {
-        using other = UnsetAllocator<U>;
-    };
-    template <class U>
-    void construct(U* place) {
-        ::new (static_cast<void*>(place)) U;
-    }
-    template <class U, class... Args>
-    void construct(U* place, Args&&... args) {
-        ::new (static_cast<void*>(place)) U(std::forward<Args>(args)...);
-    }
-};
 
 // The one level in memory: its two sizes, the grid of tile codes and the hero's start.
 // The grid has one margin column x = width() and one margin row y = height() beyond the
@@ -69,7 +49,7 @@ class Level {
     int columns = 0;
     int rows = 0;
     std::optional<QPoint> heroCell;
-    std::vector<qint16, UnsetAllocator<qint16>> cells;  // row by row, width + 1 cells a row
+    std::vector<qint16, GridAllocator<qint16>> cells;  // row by row, width + 1 cells a row
 };
 
 // Whether (x, y) lies strictly inside the level's outer ring (columns and rows 0 and W - 1,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "grid_allocator.h"
+
 #include <QColor>
 #include <QRect>
 
@@ -63,6 +65,6 @@ class MapCanvas {
                          int tileSize, QImage& scratch) const;
     int width = 0;
     int height = 0;
-    std::vector<qint16> cells;
+    std::vector<qint16, GridAllocator<qint16>> cells;
     std::function<void(const QRect&)> changed;
 };

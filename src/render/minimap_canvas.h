@@ -1,5 +1,7 @@
 #pragma once
 
+#include "grid_allocator.h"
+
 #include <QColor>
 #include <QPointF>
 #include <QRect>
@@ -127,7 +129,7 @@ class MinimapCanvas {
     // level take 1 MB, not 4. The colours are those of the codes, under ten, so a short search
     // finds them; the background is always the first.
     std::vector<QRgb> colours{MinimapBackground};
-    std::vector<quint8> dots;         // (width + 1) x (height + 1)
-    std::vector<quint8> notAllFloor;  // blocksPerRow() x (height + 1)
+    std::vector<quint8, GridAllocator<quint8>> dots;  // (width + 1) x (height + 1)
+    std::vector<quint8> notAllFloor;                  // blocksPerRow() x (height + 1)
     std::function<void(const QRect&)> changed;
 };
