@@ -141,7 +141,8 @@ class LevelDocument : public QObject {
     // Runs `write`, recording its writes as one step.
     void recordEdit(const std::function<void()>& write, std::size_t expectedWrites = 0);
     void fillRegion(const CellRegion& region, int tool, QPoint cell);
-    // Records a block edit of about `cells` cells, told as the rectangle it returns.
+    // Records an edit of the cells in `area` and the walls round them, told as the rectangle
+    // `write` returns.
     void recordAreaEdit(const QRect& area, const std::function<QRect()>& write);
     void showKeptLevel(const ShownLevel& shown);
     void stepThroughHistory(bool (LevelHistory::*step)());
