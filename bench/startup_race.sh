@@ -48,21 +48,25 @@ for _ in $(seq "$rounds"); do
     (cd "$work/1000" && run editor1000 "$editor")
 done
 
+label() {
+    case $1 in
+        bare) echo "bare Qt window + box" ;;
+        editor20) echo "editor, 20 x 20 level" ;;
+        editor1000) echo "editor, 1000 x 1000 level" ;;
+    esac
+}
 median() { sort -n | awk '{ v[NR] = $1 } END { print (NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2) }'; }
 for kind in bare editor20 editor1000; do
-    printf '%s %s %s\n' "$kind" "$(cut -d' ' -f1 "$work/$kind.runs" | median)" \
+    printf '%s\t%s\t%s\n' "$(label "$kind")" "$(cut -d' ' -f1 "$work/$kind.runs" | median)" \
         "$(cut -d' ' -f2 "$work/$kind.runs" | median)"
 done > "$work/medians"
-awk -v rounds="$rounds" '
+awk -F '\t' -v rounds="$rounds" '
     { name[NR] = $1; ready[NR] = $2 / 1000; peak[NR] = $3 / 1024 }
     END {
-        label["bare"] = "bare Qt window + box"
-        label["editor20"] = "editor, 20 x 20 level"
-        label["editor1000"] = "editor, 1000 x 1000 level"
         printf "start-up race, medians of %d runs each, in turns\n", rounds
         printf "%-28s %10s %8s %10s %8s %10s\n", "program", "ready ms", "ratio", "peak MiB", "ratio", "over MiB"
         for (i = 1; i <= NR; ++i)
-            printf "%-28s %10.1f %8.2f %10.1f %8.2f %10.1f\n", label[name[i]], ready[i],
+            printf "%-28s %10.1f %8.2f %10.1f %8.2f %10.1f\n", name[i], ready[i],
                    ready[i] / ready[1], peak[i], peak[i] / peak[1], peak[i] - peak[1]
     }' "$work/medians"
 
@@ -82,9 +86,6 @@ for kind in bare editor20 editor1000; do
         editor20) count=$(cd "$work/20" && instructions "$editor") ;;
         editor1000) count=$(cd "$work/1000" && instructions "$editor") ;;
     esac
-    awk -v kind="$kind" -v count="$count" -v bare="$bareCount" 'BEGIN {
-        label["bare"] = "bare Qt window + box"
-        label["editor20"] = "editor, 20 x 20 level"
-        label["editor1000"] = "editor, 1000 x 1000 level"
-        printf "%-28s %10.1f %8.2f\n", label[kind], count / 1e6, count / bare }'
+    awk -v name="$(label "$kind")" -v count="$count" -v bare="$bareCount" \
+        'BEGIN { printf "%-28s %10.1f %8.2f\n", name, count / 1e6, count / bare }'
 done
