@@ -254,39 +254,6 @@ class EndToEndTest : public QObject {
         row({}, "Soubor level99.VRK nelze otevřít: není to obyčejný soubor");
     }
 
-    // A wall rectangle, a floor rectangle inside it (a ring is left), a crate flood inside the
-    // ring, a crate flood outside it; Ctrl+Z twice and Ctrl+Shift+Z bring back the first flood
-    // alone, a rectangle is dropped with Esc; the file holds the ring, the crates in it, the hero.
-    void rectangleAndFloodFillsInTheRealProgram() {
-        QVERIFY(openLevel());  // the wall tool is selected
-        const QPoint client = x->clientOrigin();
-        const auto withKey = [&](const char* key, const std::function<void()>& gesture) {
-            x->xdotool({"keydown", key});
-            gesture();
-            x->xdotool({"keyup", key});
-        };
-        withKey("shift", [&] { x->drag(client + cell(3, 3), client + cell(9, 9)); });
-        x->clickInWindow({entry(0)});  // Podlaha
-        withKey("shift", [&] { x->drag(client + cell(8, 8), client + cell(4, 4)); });
-        x->clickInWindow({entry(4)});  // Bedna
-        withKey("ctrl", [&] { x->click(client + cell(6, 6)); });
-        withKey("ctrl", [&] { x->click(client + cell(10, 12)); });
-        for (const char* keys : {"ctrl+z", "ctrl+z", "ctrl+shift+z"}) x->key(keys);
-        withKey("shift", [&] {  // dropped: nothing is filled
-            x->xdotool(X11Session::moveTo(client + cell(11, 2)) + QStringList{"mousedown", "1"});
-            x->xdotool(X11Session::moveTo(client + cell(15, 6)));
-            x->key("Escape");
-            x->xdotool({"mouseup", "1"});
-        });
-        QVERIFY(save());
-
-        const auto expected = [](int x, int y) {
-            const bool ring = x >= 3 && x <= 9 && y >= 3 && y <= 9 && (x % 6 == 3 || y % 6 == 3);
-            return ring ? Wall : x >= 4 && x <= 8 && y >= 4 && y <= 8 ? 25 : 0;
-        };
-        QCOMPARE(savedWrongly(20, expected), QString());
-    }
-
     // The wall tool held in the map view's bottom-right corner: the pointer wobbles by a pixel,
     // each move lands on a new cell of a staircase and scrolls the map a step right and down.
     void edgeScrollingPaintsAStaircaseInTheRealProgram() {
