@@ -64,23 +64,6 @@ int X11Session::editorExitCode() {
     return editor.exitCode();
 }
 
-QProcessEnvironment X11Session::editorEnvironment() const {
-    QProcessEnvironment editorEnvironment = environment;
-    editorEnvironment.remove("LC_ALL");
-    editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
-    editorEnvironment.insert("UBSAN_OPTIONS", qEnvironmentVariable("UBSAN_OPTIONS"));
-    return editorEnvironment;
-}
-
-bool X11Session::launchAnotherEditor(QProcess& process, const QString& program,
-                                     const QString& folder) {
-    process.setProcessEnvironment(editorEnvironment());
-    process.setWorkingDirectory(folder);
-    process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(program, QStringList());
-    return process.waitForStarted();
-}
-
 bool X11Session::closeEditorWindow() {
     Display* display = XOpenDisplay(qPrintable(environment.value("DISPLAY")));
     if (!display) return false;
@@ -97,24 +80,28 @@ bool X11Session::closeEditorWindow() {
 }
 
 bool X11Session::launchEditor(const QString& program, const QString& folder, User user,
-                              const QStringList& arguments) {
-    QProcessEnvironment editorEnvironment = this->editorEnvironment();
+                              const QStringList& arguments, QProcess* another) {
+    QProcessEnvironment editorEnvironment = environment;
+    editorEnvironment.remove("LC_ALL");
+    editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
+    editorEnvironment.insert("UBSAN_OPTIONS", qEnvironmentVariable("UBSAN_OPTIONS"));
+    QProcess& process = another ? *another : editor;
     if (user == User::Ordinary && geteuid() == 0) {
         editorEnvironment.insert("HOME", "/nonexistent");
         editorEnvironment.remove("XDG_RUNTIME_DIR");
-        editor.setChildProcessModifier([] {
+        process.setChildProcessModifier([] {
             if (setgid(65534) != 0 || setuid(65534) != 0) _exit(126);  // nobody
         });
     }
-    editor.setProcessEnvironment(editorEnvironment);
-    editor.setWorkingDirectory(folder);
-    editor.setProcessChannelMode(QProcess::ForwardedChannels);
-    editor.start(program, arguments);
-    return editor.waitForStarted();
+    process.setProcessEnvironment(editorEnvironment);
+    process.setWorkingDirectory(folder);
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(program, arguments);
+    return process.waitForStarted();
 }
 
-bool X11Session::windowShown(const QString& title, QByteArray* ids) {
-    return windowMatching('^' + QRegularExpression::escape(title) + '$', ids);
+bool X11Session::boxShown(const QString& title) {
+    return windowMatching('^' + QRegularExpression::escape(title) + '$', nullptr);
 }
 
 bool X11Session::windowMatching(const QString& pattern, QByteArray* ids) {
@@ -148,7 +135,7 @@ bool X11Session::closeBox(const QString& title, const QString& typed) {
     if (box.isEmpty() || !takeKeys(box)) return false;
     if (!typed.isEmpty()) xdotool({"type", "--delay", "20", typed});
     key("Return");
-    return waitUntil(15000, [&] { return !windowShown(title); });
+    return waitUntil(15000, [&] { return !boxShown(title); });
 }
 
 // Looked up by its title, not by the window first found at start-up: Qt may have made that
@@ -156,12 +143,9 @@ bool X11Session::closeBox(const QString& title, const QString& typed) {
 QString X11Session::mainWindowTitle(const QString& expected) {
     const QString found = waitForWindow(expected);
     if (!found.isEmpty()) return mainWindow = found, expected;
-    QByteArray ids, titles, id;
-    windowMatching("^VARNOK LEVEL EDITOR", &ids);
-    for (const QByteArray& window : ids.split('\n'))
-        if (!window.isEmpty() && xdotool({"getwindowname", QString::fromLatin1(window)}, &id))
-            titles += id.trimmed() + ' ';
-    return QString::fromUtf8(titles).trimmed();
+    QByteArray title;  // none when Qt has made the window again
+    xdotool({"getwindowname", mainWindow}, &title);
+    return QString::fromUtf8(title).trimmed();
 }
 
 QPoint X11Session::windowOrigin(const QString& window) {

@@ -20,11 +20,10 @@ class X11Session {
     enum class User { Same, Ordinary };
     bool startEditor(const QString& program, const QString& folder, User user = User::Same,
                      const QStringList& arguments = {});
-    // Starts the editor as startEditor does, without waiting for any window.
+    // Starts the editor as startEditor does, without waiting for any window; with `another`,
+    // one more editor in that process, beside the one above.
     bool launchEditor(const QString& program, const QString& folder, User user = User::Same,
-                      const QStringList& arguments = {});
-    // Starts one more editor in `process`, beside the one above, with the same environment.
-    bool launchAnotherEditor(QProcess& process, const QString& program, const QString& folder);
+                      const QStringList& arguments = {}, QProcess* another = nullptr);
     // Sets a variable of the editors' environment, for the editors started after.
     void setEditorVariable(const QString& name, const QString& value) {
         environment.insert(name, value);
@@ -32,7 +31,7 @@ class X11Session {
     // Asks the main window to close, as a window manager's close button does.
     bool closeEditorWindow();
     // Whether a window of this title shows.
-    bool boxShown(const QString& title) { return windowShown(title); }
+    bool boxShown(const QString& title);
     // The editor's exit code once it has ended, or -1 when it has not within 20 s.
     int editorExitCode();
     bool editorRunning() { return !editor.waitForFinished(0) && editor.processId(); }
@@ -41,7 +40,7 @@ class X11Session {
     // Waits for the box with this title, types `typed` into it (a file dialog's path), presses
     // Return (its default button), waits till it goes.
     bool closeBox(const QString& title, const QString& typed = {});
-    // The main window's title, once it is `expected` (within 5 s), else as it is then.
+    // The main window's title, once it is `expected` (within 20 s), else as it is then.
     QString mainWindowTitle(const QString& expected);
     // The text shown in the box with this title, copied from the screen.
     QString messageText(const QString& title);
@@ -63,11 +62,9 @@ class X11Session {
     QImage screenshot();
 
   private:
-    QProcessEnvironment editorEnvironment() const;
     QString waitForWindow(const QString& title);  // its id once it shows, or empty
     QString waitForWindowMatching(const QString& pattern);
     QPoint windowOrigin(const QString& window);
-    bool windowShown(const QString& title, QByteArray* ids = nullptr);
     // Waits until `window` has the keyboard, giving it the keyboard if it does not get it.
     bool takeKeys(const QString& window);
     bool windowMatching(const QString& pattern, QByteArray* ids);

@@ -1,5 +1,6 @@
 #include "editor_texts.h"
 #include "file_bytes.h"
+#include "frame_prediction.h"
 #include "mouse.h"
 #include "tile_codes.h"
 
@@ -106,7 +107,7 @@ class EditingTest : public QObject {
     }
 
     // Shift drags a rectangle that the release fills (Esc drops it), Ctrl+click floods: one
-    // undo step each. A wall ring with crates inside is left (what the end-to-end test checks).
+    // undo step each. A wall ring with crates inside is left, floor around it.
     void rectangleAndFloodFillsByGesture() {
         Editor editor(QSize(20, 20));  // the wall tool
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
@@ -126,6 +127,17 @@ class EditingTest : public QObject {
         drag(editor.map, cellCentre({3, 3}));  // after a fill the drag paints nothing
         release(editor.map, cellCentre({3, 3}));
         const QByteArray ring = encodeLevelFile(editor.level);
+        const auto frame = predictedFrame(20, 20);
+        for (int y = 0; y < 20; ++y)
+            for (int x = 0; x < 20; ++x) {
+                const int code = editor.level.cell(x, y);
+                const bool inside = x >= 4 && x <= 8 && y >= 4 && y <= 8;
+                const bool wall = x >= 3 && x <= 9 && y >= 3 && y <= 9 && !inside;
+                if (!frame.count({x, y}))
+                    QCOMPARE(
+                        std::pair(QPoint(x, y), wall ? isWallPiece(code) : code == inside * 25),
+                        std::pair(QPoint(x, y), true));
+            }
         press(editor.map, cellCentre({12, 12}), Qt::LeftButton, Qt::ControlModifier);
         QCOMPARE(editor.level.cell(15, 2), 25);
         rectangle({11, 2}, {15, 6}, true);
@@ -217,8 +229,7 @@ class EditingTest : public QObject {
     void newTakesOnlySizesItCanMake() {
         const QString warned = "warning|Pozor|" + EditorTexts::badNewSize(MaxLevelSide);
         const auto row = [&](const QString& width, const QString& height, QSize made = {}) {
-            Editor editor(QSize(20, 20), QPoint(5, 5),
-                          14);  // a wall piece, which a New would clear
+            Editor editor(QSize(20, 20), QPoint(5, 5), 14);  // a wall piece, which New clears
             const QByteArray before = encodeLevelFile(editor.level);
             editor.newLevel(width, height);
             const QString name = QString("'%1' x '%2'").arg(width, height);

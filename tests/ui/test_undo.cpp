@@ -29,8 +29,12 @@ class UndoTest : public QObject {
 
         stroke({5, 6, 7});
         QCOMPARE(history.count(), 1);
+        const QByteArray stroked = bytes();
         key(Qt::Key_Z);
         QCOMPARE(bytes(), start);
+        key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);  // redo, as Ctrl+Y
+        QCOMPARE(bytes(), stroked);
+        key(Qt::Key_Z);
         stroke({7});  // the cell painted last paints again after an undo
         QVERIFY(isWallPiece(editor.level.cell(7, 5)));
 
