@@ -50,6 +50,38 @@ LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
     return result;
 }
 
+namespace {
+// Open's reading and drawing, on whatever thread runs it: it uses only its arguments.
+PreparedLevel readAndDraw(const QString& path, RandomGenerator generator, QRgb drawingColour) {
+    PreparedLevel prepared;
+    prepared.generatorStart = generator.state();
+    prepared.drawingColourStart = drawingColour;
+    auto level = std::make_unique<Level>();
+    prepared.read = readLevelFile(*level, path);
+    if (!prepared.read.ok()) return prepared;
+    prepared.drawing = std::make_unique<LevelRenderer>(*level, drawingColour);
+    prepared.drawing->random() = generator;
+    prepared.painted = prepared.drawing->repaintGrid();
+    prepared.drawing->sprites().setWriteLog(&prepared.frameWrites);
+    if (prepared.painted) prepared.drawing->drawFrame(WallToolCode);
+    prepared.drawing->sprites().setWriteLog(nullptr);
+    prepared.level = std::move(level);
+    return prepared;
+}
+}  // namespace
+
+std::future<PreparedLevel> LevelDocument::prepareOpen() const {
+    return std::async(std::launch::async, readAndDraw, levelPath, renderer.random(),
+                      renderer.minimap().drawingColour());
+}
+
+LevelReadResult LevelDocument::open(PreparedLevel prepared, std::optional<LevelView> shownBefore) {
+    if (!prepared.read.ok()) return prepared.read;
+    if (!prepared.read.warning.isEmpty()) emit levelFileWarning(prepared.read.warning);
+    replaceLevel(std::move(*prepared.level), shownBefore, std::nullopt, true, &prepared);
+    return prepared.read;
+}
+
 LevelReadResult LevelDocument::openOther(const QString& path, const LevelView& shownBefore,
                                          bool& sheetUsable) {
     sheetUsable = true;
@@ -91,15 +123,15 @@ void LevelDocument::restoreLevel(Level kept, const LevelView& shownBefore) {
 }
 
 void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
-                                 std::optional<WorkingFile> fileBefore, bool frameAnew) {
+                                 std::optional<WorkingFile> fileBefore, bool frameAnew,
+                                 PreparedLevel* prepared) {
     finishStroke();
     std::optional<LevelSnapshot> before;
     if (shownBefore) before.emplace(currentLevel, renderer);
     currentLevel = std::move(next);
     renderer.sprites().forgetShownGrid();
     emit redrawStarting();
-    const bool painted = renderer.repaintGrid();
-    if (painted && frameAnew) renderer.drawFrame(WallToolCode);
+    const bool painted = drawReplacedLevel(frameAnew, prepared);
     // A new or opened level is shown from its top-left corner.
     const LevelView shownNow{};
     if (before) {
@@ -116,6 +148,26 @@ void LevelDocument::replaceLevel(Level next, const std::optional<LevelView>& sho
     }
     tellChangedCells();
     emit levelReplaced(shownNow, painted, painted && frameAnew);
+}
+
+bool LevelDocument::drawReplacedLevel(bool frameAnew, PreparedLevel* prepared) {
+    // A prepared drawing fits while the generator and the minimap's drawing colour are as it
+    // found them: the canvases' old content does not matter, since every row is drawn whole.
+    if (prepared && prepared->drawing && frameAnew &&
+        prepared->generatorStart == renderer.random().state() &&
+        prepared->drawingColourStart == renderer.minimap().drawingColour()) {
+        renderer.swapDrawing(*prepared->drawing);
+        cellsDrawn(QRect(0, 0, currentLevel.width() + 1, currentLevel.height() + 1));
+        return prepared->painted;
+    }
+    // Else the level is drawn here, as read: without the frame drawn on it meanwhile.
+    if (prepared)
+        for (auto write = prepared->frameWrites.rbegin(); write != prepared->frameWrites.rend();
+             ++write)
+            currentLevel.setCell(write->x, write->y, write->before.code);
+    const bool painted = renderer.repaintGrid();
+    if (painted && frameAnew) renderer.drawFrame(WallToolCode);
+    return painted;
 }
 
 LevelWriteResult LevelDocument::save() {

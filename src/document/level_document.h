@@ -6,6 +6,7 @@
 #include "level_history.h"
 #include "level_renderer.h"
 #include "level_snapshot.h"
+#include "prepared_level.h"
 #include "sprite_sheet.h"
 #include "switch_level_file.h"
 
@@ -18,6 +19,7 @@
 #include <climits>
 #include <cstddef>
 #include <functional>
+#include <future>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -60,6 +62,13 @@ class LevelDocument : public QObject {
     void newLevel(int width, int height, std::optional<LevelView> shownBefore = std::nullopt);
     // Open reads the level file; a refused file leaves the level as it was.
     [[nodiscard]] LevelReadResult open(std::optional<LevelView> shownBefore = std::nullopt);
+    // Open in two halves, so that other work can run meanwhile: the level file is read and
+    // drawn on a thread of its own, from a copy of what the drawing starts from; open(prepared)
+    // then shows it exactly as open() would have. When anything was drawn in between, it is
+    // drawn again there.
+    [[nodiscard]] std::future<PreparedLevel> prepareOpen() const;
+    [[nodiscard]] LevelReadResult open(PreparedLevel prepared,
+                                       std::optional<LevelView> shownBefore = std::nullopt);
     // A level kept elsewhere (a recovery copy) replaces this one as Open's would, one step of
     // the history, but exactly as kept: its frame is not drawn anew.
     void restoreLevel(Level kept, const LevelView& shownBefore);
@@ -130,8 +139,12 @@ class LevelDocument : public QObject {
   private:
     // The level that New or Open brings, redrawn and recorded; with `fileBefore`, the step
     // also takes the level file back to it. A level restored as it was kept gets no new frame.
+    // With `prepared`, its drawing is taken where it still fits.
     void replaceLevel(Level next, const std::optional<LevelView>& shownBefore,
-                      std::optional<WorkingFile> fileBefore = std::nullopt, bool frameAnew = true);
+                      std::optional<WorkingFile> fileBefore = std::nullopt, bool frameAnew = true,
+                      PreparedLevel* prepared = nullptr);
+    // The replaced level drawn whole; false when a code without a picture stopped it.
+    bool drawReplacedLevel(bool frameAnew, PreparedLevel* prepared);
     WorkingFile workingFile() const { return {levelPath, sheetPath, spriteSheet}; }
     void useWorkingFile(const WorkingFile& file);
     void finishStroke();

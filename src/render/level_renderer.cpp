@@ -2,6 +2,8 @@
 
 #include "level.h"
 
+#include <utility>
+
 LevelRenderer::LevelRenderer(Level& level, QRgb minimapDrawingColour)
     : level(level),
       minimapCanvas(minimapDrawingColour),
@@ -12,6 +14,13 @@ bool LevelRenderer::repaintGrid() {
     minimapCanvas.resize(level.width(), level.height());
     mapCanvas.resize(level.width(), level.height());
     return spritePainter.paintWholeGrid();
+}
+
+void LevelRenderer::swapDrawing(LevelRenderer& drawn) noexcept {
+    mapCanvas.swapCells(drawn.mapCanvas);
+    minimapCanvas.swapDots(drawn.minimapCanvas);
+    spritePainter.swapShownGrid(drawn.spritePainter);
+    std::swap(generator, drawn.generator);
 }
 
 void LevelRenderer::drawFrame(int tool) {

@@ -23,6 +23,11 @@ class LevelRenderer {
     // along the top and bottom rows, then the left and right columns.
     void drawFrame(int tool);
 
+    // Takes what `drawn`, the renderer of another level object with the same cells, drew: its
+    // canvases, its wall generator's state and whether its grid is shown whole. `drawn` gets
+    // this one's. Nothing is told.
+    void swapDrawing(LevelRenderer& drawn) noexcept;
+
     MapCanvas& map() { return mapCanvas; }
     const MapCanvas& map() const { return mapCanvas; }
     MinimapCanvas& minimap() { return minimapCanvas; }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 void MapCanvas::resize(int columns, int rows) {
@@ -16,6 +17,12 @@ void MapCanvas::resize(int columns, int rows) {
     height = std::max(rows, 0);
     cells.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Cleared);
     if (changed) changed(QRect(0, 0, width, height));
+}
+
+void MapCanvas::swapCells(MapCanvas& other) noexcept {
+    std::swap(width, other.width);
+    std::swap(height, other.height);
+    cells.swap(other.cells);
 }
 
 void MapCanvas::drawCell(int x, int y, int sheetCell) {

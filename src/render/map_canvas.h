@@ -55,6 +55,9 @@ class MapCanvas {
                 cells.height() * tileSize};
     }
 
+    // Exchanges what the two surfaces show, sizes and cells; each keeps its change listener,
+    // and neither tells.
+    void swapCells(MapCanvas& other) noexcept;
     // Told the cells of every change.
     void setChangeListener(std::function<void(const QRect&)> listener) {
         changed = std::move(listener);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -46,6 +47,15 @@ void MinimapCanvas::resize(int columns, int rows) {
                 BackgroundIndex);
     notAllFloor.assign(static_cast<std::size_t>(blocksPerRow()) * (height + 1), 0);
     if (changed) changed(QRect(0, 0, width + 1, height + 1));
+}
+
+void MinimapCanvas::swapDots(MinimapCanvas& other) noexcept {
+    std::swap(width, other.width);
+    std::swap(height, other.height);
+    std::swap(drawing, other.drawing);
+    colours.swap(other.colours);
+    dots.swap(other.dots);
+    notAllFloor.swap(other.notAllFloor);
 }
 
 void MinimapCanvas::drawDot(int x, int y) {

@@ -107,6 +107,9 @@ class MinimapCanvas {
                 cells.height() * MinimapCellSize};
     }
 
+    // Exchanges what the two surfaces show, sizes, dots and drawing colour; each keeps its
+    // change listener, and neither tells.
+    void swapDots(MinimapCanvas& other) noexcept;
     // Told the cells of every change, the margin's included.
     void setChangeListener(std::function<void(const QRect&)> listener) {
         changed = std::move(listener);

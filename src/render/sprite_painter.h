@@ -4,6 +4,7 @@
 #include <QPoint>
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 class Level;
@@ -50,6 +51,8 @@ class SpritePainter {
     bool showsGrid() const { return gridShown; }
     // The canvases were written past the painter, or the grid replaced: showsGrid() no longer.
     void forgetShownGrid() { gridShown = false; }
+    // Exchanges what the two painters know of their canvases, with the canvases themselves.
+    void swapShownGrid(SpritePainter& other) noexcept { std::swap(gridShown, other.gridShown); }
 
     // Every cell paintSprite writes is added to `log` (none: nothing is kept), as it was and
     // as it became; the whole-grid repaint and restoreCell add nothing.

@@ -30,6 +30,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <future>
 
 namespace {
 constexpr float ShrunkenMinimapColumnWidth = 20 * MinimapCellSize;
@@ -145,7 +146,12 @@ bool EditorWindow::startUp() {
     if (!document.loadSpriteSheet())
         dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
     show();
-    loadLevel(std::nullopt);
+    // The level file is read and drawn on a thread of its own while the help box's icon is
+    // loaded here.
+    std::future<PreparedLevel> preparing = document.prepareOpen();
+    dialogs.prepareInformation();
+    PreparedLevel prepared = preparing.get();
+    loadLevel(std::nullopt, &prepared);
     showLevelFile();
     showHelp();
     return !recovery || recovery->askAtStartUp(shownView());
@@ -158,8 +164,9 @@ void EditorWindow::keepRecoveryCopies(RecoveryKeeper& keeper) {
 }
 
 // At start-up the replaced level is no step of the history.
-void EditorWindow::loadLevel(std::optional<LevelView> shownBefore) {
-    const LevelReadResult read = document.open(shownBefore);
+void EditorWindow::loadLevel(std::optional<LevelView> shownBefore, PreparedLevel* prepared) {
+    const LevelReadResult read =
+        prepared ? document.open(std::move(*prepared), shownBefore) : document.open(shownBefore);
     if (read.ok()) return;
     if (!read.missing || shownBefore) dialogs.error(read.refusal);
     // At start-up the editor goes on with a new level; on Open the level stays.

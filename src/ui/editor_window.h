@@ -13,6 +13,7 @@ class LevelDocument;
 class LevelMenu;
 class MapViewport;
 class MinimapView;
+struct PreparedLevel;
 class QLabel;
 class QPushButton;
 class RecentFiles;
@@ -63,7 +64,8 @@ class EditorWindow : public QWidget {
     // clipboard.
     void keepCopiedBlock(const LevelBlock& block);
     std::optional<LevelBlock> blockToPaste();
-    void loadLevel(std::optional<LevelView> shownBefore);
+    // The level file, read here or, given `prepared`, already read and drawn.
+    void loadLevel(std::optional<LevelView> shownBefore, PreparedLevel* prepared = nullptr);
     void makeNewLevel(std::optional<LevelView> shownBefore);
     void addKeys();
     LevelView shownView() const;

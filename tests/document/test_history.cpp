@@ -4,12 +4,15 @@
 #include "tools.h"
 
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
-// Opens a level of random codes (some without a picture, or in some levels only codes with a
-// dot colour of their own); once the document has a level, as a step of the history.
-static void openRandomLevel(LevelDocument& document, QRandomGenerator& random, bool recorded) {
+#include <algorithm>
+
+// Writes the level file with a level of random codes (some without a picture, or in some
+// levels only codes with a dot colour of their own).
+static void writeRandomLevel(const QString& file, QRandomGenerator& random) {
     Level level;
     level.reset(random.bounded(3, 30), random.bounded(3, 30));
     const int codes = random.bounded(4) ? SheetCellCount : SheetCellCount + 1;
@@ -21,7 +24,12 @@ static void openRandomLevel(LevelDocument& document, QRandomGenerator& random, b
                 (!coloured || (hasPicture(code) && ownDotColours()[code] != NoOwnColour)))
                 level.setCell(x, y, qint16(code));
         }
-    QVERIFY(writeLevelFile(level, document.levelFile()).ok());
+    QVERIFY(writeLevelFile(level, file).ok());
+}
+
+// Opens such a level; once the document has a level, as a step of the history.
+static void openRandomLevel(LevelDocument& document, QRandomGenerator& random, bool recorded) {
+    writeRandomLevel(document.levelFile(), random);
     QVERIFY(document.open(recorded ? std::optional(LevelView{}) : std::nullopt).ok());
 }
 
@@ -125,6 +133,63 @@ class HistoryTest : public QObject {
             }
             if (limit > 6000) QCOMPARE(difference(shown(document), end), QString());
             QCOMPARE(document.wallGenerator().state(), generator);  // walls go on, not back
+        }
+    }
+
+    // Open in two halves, the file read and drawn on a thread of its own, shows and tells what
+    // Open shows, wall generator included: also when walls were drawn between the halves, and
+    // when the file is refused. Undone and redone, both give back the same levels.
+    void preparedOpenShowsWhatOpenShows() {
+        QRandomGenerator random(25);
+        QTemporaryDir folder;
+        for (int round = 0; round < 30; ++round) {
+            LevelDocument serial{QDir(folder.path())};
+            LevelDocument halves{QDir(folder.path())};
+            writeRandomLevel(serial.levelFile(), random);
+            QVERIFY(serial.open().ok() && halves.open().ok());
+            // Three walls in a row draw a straight piece; any other tool may change the
+            // minimap's drawing colour alone.
+            const auto bothApply = [&](int tool = WallToolCode) {
+                const QPoint at(random.bounded(2, 10), random.bounded(2, 10));
+                for (LevelDocument* document : {&serial, &halves})
+                    for (int x = at.x(); x < at.x() + (tool == WallToolCode ? 3 : 1); ++x)
+                        document->applyTool(x, at.y(), tool);
+            };
+            if (round % 2) bothApply();
+            writeRandomLevel(serial.levelFile(), random);
+            if (round % 3 == 1) {  // the first dot takes the drawing colour of the moment
+                Level level;
+                QVERIFY(readLevelFile(level, serial.levelFile()).ok());
+                const auto& own = ownDotColours();
+                level.setCell(0, 0,
+                              qint16(std::find(own.begin(), own.end(), NoOwnColour) - own.begin()));
+                QVERIFY(writeLevelFile(level, serial.levelFile()).ok());
+            }
+            if (round % 7 == 6) QFile(serial.levelFile()).resize(4);  // refused: no grid line
+            std::future<PreparedLevel> preparing = halves.prepareOpen();
+            if (round % 3 == 2) bothApply();  // the prepared drawing no longer fits
+            if (round % 3 == 1) bothApply(paletteTools()[random.bounded(26)].code);
+            QSignalSpy serialTold(&serial, &LevelDocument::cellsChanged);
+            QSignalSpy halvesTold(&halves, &LevelDocument::cellsChanged);
+            const LevelReadResult serialRead = serial.open(LevelView{});
+            const LevelReadResult halvesRead = halves.open(preparing.get(), LevelView{});
+            QCOMPARE(halvesRead.refusal, serialRead.refusal);
+            QCOMPARE(serialRead.ok(), round % 7 != 6);
+            QCOMPARE(halvesTold.size(), serialTold.size());
+            if (!serialTold.isEmpty())
+                QCOMPARE(halvesTold.last()[0].value<QRegion>().boundingRect(),
+                         serialTold.last()[0].value<QRegion>().boundingRect());
+            const auto same = [&] {
+                QCOMPARE(difference(shown(halves), shown(serial)), QString());
+                QCOMPARE(halves.wallGenerator().state(), serial.wallGenerator().state());
+            };
+            same();
+            serial.undo(), halves.undo();
+            same();
+            serial.redo(), halves.redo();
+            same();
+            bothApply();
+            same();
         }
     }
 };
