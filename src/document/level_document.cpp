@@ -62,6 +62,8 @@ PreparedLevel readAndDraw(const QString& path, RandomGenerator generator, QRgb d
     prepared.drawing = std::make_unique<LevelRenderer>(*level, drawingColour);
     prepared.drawing->random() = generator;
     prepared.painted = prepared.drawing->repaintGrid();
+    // At most five writes a cell of the frame: the cell and its four neighbours.
+    prepared.frameWrites.reserve(10 * static_cast<std::size_t>(level->width() + level->height()));
     prepared.drawing->sprites().setWriteLog(&prepared.frameWrites);
     if (prepared.painted) prepared.drawing->drawFrame(WallToolCode);
     prepared.drawing->sprites().setWriteLog(nullptr);

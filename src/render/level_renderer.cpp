@@ -11,8 +11,9 @@ LevelRenderer::LevelRenderer(Level& level, QRgb minimapDrawingColour)
       toolPainter(level, spritePainter, generator) {}
 
 bool LevelRenderer::repaintGrid() {
-    minimapCanvas.resize(level.width(), level.height());
-    mapCanvas.resize(level.width(), level.height());
+    // The repaint writes every row whole.
+    minimapCanvas.resize(level.width(), level.height(), MinimapCanvas::NewDots::Undefined);
+    mapCanvas.resize(level.width(), level.height(), MapCanvas::NewCells::Undefined);
     return spritePainter.paintWholeGrid();
 }
 

@@ -11,11 +11,16 @@
 #include <utility>
 #include <vector>
 
-void MapCanvas::resize(int columns, int rows) {
+void MapCanvas::resize(int columns, int rows, NewCells newCells) {
     if (std::max(columns, 0) == width && std::max(rows, 0) == height && !cells.empty()) return;
     width = std::max(columns, 0);
     height = std::max(rows, 0);
-    cells.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Cleared);
+    const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    cells.clear();
+    if (newCells == NewCells::Cleared)
+        cells.assign(count, Cleared);
+    else
+        cells.resize(count);  // the grid allocator gives them no value
     if (changed) changed(QRect(0, 0, width, height));
 }
 

@@ -22,8 +22,10 @@ class MapCanvas {
     static constexpr qint16 Cleared = -1;
 
     // A surface of columns x rows map cells (64 pixels each): all cleared when the size
-    // changes, kept as they are when it does not.
-    void resize(int columns, int rows);
+    // changes, kept as they are when it does not. For a caller that draws every row whole
+    // next, the cells of a new size may be left undefined instead.
+    enum class NewCells { Cleared, Undefined };
+    void resize(int columns, int rows, NewCells newCells = NewCells::Cleared);
     int columns() const { return width; }
     int rows() const { return height; }
     QSize pixelSize() const { return {width * TileSize, height * TileSize}; }

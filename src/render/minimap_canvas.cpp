@@ -39,12 +39,17 @@ bool holdsOnlyFloor(const quint8* dots) {
 }
 }  // namespace
 
-void MinimapCanvas::resize(int columns, int rows) {
+void MinimapCanvas::resize(int columns, int rows, NewDots newDots) {
     if (std::max(columns, 0) == width && std::max(rows, 0) == height && !dots.empty()) return;
     width = std::max(columns, 0);
     height = std::max(rows, 0);
-    dots.assign(static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1),
-                BackgroundIndex);
+    const std::size_t count =
+        static_cast<std::size_t>(width + 1) * static_cast<std::size_t>(height + 1);
+    dots.clear();
+    if (newDots == NewDots::Background)
+        dots.assign(count, BackgroundIndex);
+    else
+        dots.resize(count);  // the grid allocator gives them no value
     notAllFloor.assign(static_cast<std::size_t>(blocksPerRow()) * (height + 1), 0);
     if (changed) changed(QRect(0, 0, width + 1, height + 1));
 }

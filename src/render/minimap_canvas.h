@@ -63,8 +63,10 @@ class MinimapCanvas {
         : drawing(initialDrawingColour) {}
 
     // A surface 6 * columns x 6 * rows pixels: all background when the size changes, kept as
-    // it is when it does not.
-    void resize(int columns, int rows);
+    // it is when it does not. For a caller that draws every row whole next, the dots of a new
+    // size may be left undefined instead.
+    enum class NewDots { Background, Undefined };
+    void resize(int columns, int rows, NewDots newDots = NewDots::Background);
     int columns() const { return width; }
     int rows() const { return height; }
     QSize pixelSize() const { return {width * MinimapCellSize, height * MinimapCellSize}; }
