@@ -84,8 +84,10 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     connect(mapViewport, &MapViewport::viewMoved, this, &EditorWindow::updateMinimapViewFrame);
     connect(mapViewport, &MapViewport::selectionChanged, minimapView, &MinimapView::showSelection);
     connect(&document, &LevelDocument::cellsChanged, minimapView, &MinimapView::showChangedCells);
-    connect(&document, &LevelDocument::levelFileWarning, this,
-            [this](const QString& warning) { this->dialogs.error(warning); });
+    connect(&document, &LevelDocument::levelFileWarning, this, [this](const QString& warning) {
+        showBusy(false);
+        this->dialogs.error(warning);
+    });
     connect(&document, &LevelDocument::redrawStarting, this, &EditorWindow::showRedrawStarting);
     connect(&document, &LevelDocument::levelReplaced, this, &EditorWindow::showReplacedLevel);
     connect(&document, &LevelDocument::levelFileChanged, this, &EditorWindow::showLevelFile);
@@ -146,8 +148,9 @@ bool EditorWindow::startUp() {
     if (!document.loadSpriteSheet())
         dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
     show();
-    // The level file is read and drawn on a thread of its own while the help box's icon is
-    // loaded here.
+    // The level file is read and drawn on a thread of its own, under the loading indication,
+    // while the help box's icon is loaded here.
+    showLoading();
     std::future<PreparedLevel> preparing = document.prepareOpen();
     dialogs.prepareInformation();
     PreparedLevel prepared = preparing.get();
@@ -168,6 +171,7 @@ void EditorWindow::loadLevel(std::optional<LevelView> shownBefore, PreparedLevel
     const LevelReadResult read =
         prepared ? document.open(std::move(*prepared), shownBefore) : document.open(shownBefore);
     if (read.ok()) return;
+    showBusy(false);  // no box under the hourglass
     if (!read.missing || shownBefore) dialogs.error(read.refusal);
     // At start-up the editor goes on with a new level; on Open the level stays.
     if (!shownBefore) makeNewLevel(std::nullopt);
@@ -291,9 +295,13 @@ LevelView EditorWindow::shownView() const {
 }
 
 // New and Open: while the level is redrawn, the map is hidden behind the loading label.
-void EditorWindow::showRedrawStarting() {
+void EditorWindow::showLoading() {
     showBusy(true);
     mapViewport->showLoading();
+}
+
+void EditorWindow::showRedrawStarting() {
+    showLoading();
     sizeMapAndMinimap();
     mapViewport->deferUpdates(true);
     minimapView->deferUpdates(true);

@@ -69,6 +69,8 @@ class EditorWindow : public QWidget {
     void makeNewLevel(std::optional<LevelView> shownBefore);
     void addKeys();
     LevelView shownView() const;
+    // The hourglass and the loading label, while a level is read or drawn.
+    void showLoading();
     void showRedrawStarting();
     void showReplacedLevel(const LevelView& view, bool painted, bool framed);
     void sizeMapAndMinimap();

@@ -2,11 +2,13 @@
 
 #include "dialogs.h"
 
+#include <QApplication>
 #include <QStringList>
 
 #include <deque>
 
-// Records every message box as "style|title|prompt" and every file dialog as
+// Records every message box as "style|title|prompt" ("error|hourglass|prompt" for a stop box
+// shown under the hourglass) and every file dialog as
 // "open|folder|recent files" or "save|...", answers questions from a script (Yes when the
 // script has run out) and file dialogs from another (cancelled when it has run out).
 class RecordingDialogs : public Dialogs {
@@ -28,7 +30,9 @@ class RecordingDialogs : public Dialogs {
     void information(const QString& prompt, const QString& title) override {
         shown << "information|" + title + "|" + prompt;
     }
-    void error(const QString& prompt) override { shown << "error||" + prompt; }
+    void error(const QString& prompt) override {
+        shown << (QApplication::overrideCursor() ? "error|hourglass|" : "error||") + prompt;
+    }
     QString levelFileToOpen(const QString& folder, const QStringList& recent) override {
         return chooseFile("open", folder, recent);
     }

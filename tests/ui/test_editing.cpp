@@ -197,13 +197,31 @@ class EditingTest : public QObject {
 
     void aFailedRedrawRecoversWithNew() {
         Editor editor(QSize(10, 10), QPoint(4, 4), 200);  // no picture for this code
-        QCOMPARE(editor.dialogs.shown, QStringList({"error||" + EditorTexts::RedrawFailed, Help}));
+        QCOMPARE(editor.dialogs.shown,
+                 QStringList({"error|hourglass|" + EditorTexts::RedrawFailed, Help}));
         QVERIFY(editor.map->isHidden() && !editor.part("loadingLabel")->isHidden());
         QVERIFY(QApplication::overrideCursor());
         editor.window.newLevel();
         editor.window.newLevel();
         QVERIFY(!editor.map->isHidden() && editor.part("loadingLabel")->isHidden());
         QVERIFY(!QApplication::overrideCursor());
+    }
+
+    // A level file refused, or read only in part, at start-up is told without the hourglass,
+    // which shows while the file is read.
+    void startUpTellsTheLevelFileWithoutTheHourglass() {
+        Level level;
+        level.reset(20, 20);
+        QByteArray shortLine = encodeLevelFile(level);
+        shortLine.remove(shortLine.indexOf("\r\n", shortLine.size() / 2) - 1, 1);
+        for (const QByteArray& bytes : {QByteArray("1\r\n"), shortLine}) {
+            Editor editor;
+            QVERIFY(writeFile(editor.path(LevelFileName), bytes));
+            editor.window.startUp();
+            QCOMPARE(editor.dialogs.shown.size(), 2);
+            QVERIFY2(editor.dialogs.shown[0].startsWith("error||"),
+                     qPrintable(editor.dialogs.shown[0]));
+        }
     }
 
     // A sheet the editor cannot use is told and gives way to the built-in one.
