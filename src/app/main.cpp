@@ -14,6 +14,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <future>
 
 #include <langinfo.h>
 #include <unistd.h>
@@ -60,6 +61,8 @@ int main(int argc, char** argv) {
     setUpApplication();
     MessageBoxDialogs dialogs;
     LevelDocument document(launch.levelFile, launch.spriteSheet);
+    // The level file is read and drawn on a thread of its own while the window is built.
+    std::future<PreparedLevel> preparing = document.prepareOpen();
     // Unsaved work survives a crash in a copy under the user's state folder.
     RecoveryKeeper keeper(document, RecoveryStore::folderFor(qEnvironmentVariable("XDG_STATE_HOME"),
                                                              userHomeFolder()));
@@ -69,6 +72,6 @@ int main(int argc, char** argv) {
     window.setRecentFiles(&recentFiles);
     dialogs.setParent(&window);
     window.keepRecoveryCopies(keeper);
-    if (!window.startUp()) return 0;
+    if (!window.startUp(std::move(preparing))) return 0;
     return QApplication::exec();
 }

@@ -15,9 +15,6 @@ class Dialogs {
     virtual void warning(const QString& prompt, const QString& title) = 0;
     // OK with an information sign.
     virtual void information(const QString& prompt, const QString& title) = 0;
-    // Loads ahead what an information box needs, so that other work can run meanwhile; shows
-    // nothing.
-    virtual void prepareInformation() {}
     // OK with a stop sign and no title of its own: the application's name is shown.
     virtual void error(const QString& prompt) = 0;
     // A level file chosen in the file dialog, to open or to save under, starting in `folder`;

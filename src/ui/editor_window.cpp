@@ -143,16 +143,14 @@ EditorWindow::~EditorWindow() {
     showBusy(false);
 }
 
-bool EditorWindow::startUp() {
+bool EditorWindow::startUp(std::future<PreparedLevel> preparing) {
     selectTool(WallToolCode);
     if (!document.loadSpriteSheet())
         dialogs.error(EditorTexts::unreadableSheet(SpriteSheetFileName));
     show();
-    // The level file is read and drawn on a thread of its own, under the loading indication,
-    // while the help box's icon is loaded here.
+    // The level file is read and drawn on a thread of its own, under the loading indication.
     showLoading();
-    std::future<PreparedLevel> preparing = document.prepareOpen();
-    dialogs.prepareInformation();
+    if (!preparing.valid()) preparing = document.prepareOpen();
     PreparedLevel prepared = preparing.get();
     loadLevel(std::nullopt, &prepared);
     showLevelFile();

@@ -2,9 +2,11 @@
 
 #include "level_block.h"
 #include "level_snapshot.h"
+#include "prepared_level.h"
 
 #include <QWidget>
 
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -13,7 +15,6 @@ class LevelDocument;
 class LevelMenu;
 class MapViewport;
 class MinimapView;
-struct PreparedLevel;
 class QLabel;
 class QPushButton;
 class RecentFiles;
@@ -35,7 +36,9 @@ class EditorWindow : public QWidget {
 
     // Start-up: the wall tool, the sprite sheet, the window, the level, then the help box, and
     // with recovery copies kept their questions. False when the user chose to end the editor.
-    bool startUp();
+    // The level file is read and drawn by `preparing`, when the caller started it early
+    // (LevelDocument::prepareOpen), else started here.
+    bool startUp(std::future<PreparedLevel> preparing = {});
     // Asks the questions of `keeper`'s copies and lock, at start-up and before Save.
     void keepRecoveryCopies(RecoveryKeeper& keeper);
     void newLevel();

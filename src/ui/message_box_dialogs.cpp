@@ -3,7 +3,6 @@
 #include "level_file_dialog.h"
 #include "message_lines.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -13,7 +12,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -89,16 +87,6 @@ void MessageBoxDialogs::warning(const QString& prompt, const QString& title) {
 
 void MessageBoxDialogs::information(const QString& prompt, const QString& title) {
     showOk(parent, QMessageBox::Information, prompt, title, Selectable::No);
-}
-
-// The icon, the box's costliest part: looked up in the icon theme and decoded once, then kept
-// by the icon's own cache at the size the box asks for.
-void MessageBoxDialogs::prepareInformation() {
-    const QStyle* style = parent ? parent->style() : QApplication::style();
-    const int side = style->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, parent);
-    const qreal ratio = parent ? parent->devicePixelRatio() : qApp->devicePixelRatio();
-    style->standardIcon(QStyle::SP_MessageBoxInformation, nullptr, parent)
-        .pixmap(QSize(side, side), ratio);
 }
 
 void MessageBoxDialogs::error(const QString& prompt) {

@@ -12,7 +12,6 @@ class MessageBoxDialogs : public Dialogs {
     bool question(const QString& prompt, const QString& title) override;
     void warning(const QString& prompt, const QString& title) override;
     void information(const QString& prompt, const QString& title) override;
-    void prepareInformation() override;
     void error(const QString& prompt) override;
     QString levelFileToOpen(const QString& folder, const QStringList& recent) override;
     QString levelFileToSave(const QString& folder, const QStringList& recent) override;
