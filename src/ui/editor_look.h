@@ -13,6 +13,8 @@ QFont sansSerif(qreal points);
 QFont boldSansSerif(qreal points);
 void setColour(QWidget* widget, QPalette::ColorRole role, QColor colour);
 
-// Makes the widget's font smaller until `text` fits `width` pixels: the window's captions
-// stay whole where the font asked for is missing and a wider one stands in.
-void shrinkToFit(QWidget* widget, const QString& text, int width);
+// Makes the widget's font smaller until its caption (its "text") fits its width less `margin`:
+// the window's captions stay whole where the font asked for is missing and a wider one stands
+// in. Done when the widget is first drawn: measuring text loads its font, and a widget not yet
+// in view need not hold up the first frame for that.
+void shrinkToFitWhenDrawn(QWidget* widget, int margin = 0);

@@ -71,7 +71,7 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     mouseHintLabel = new QLabel(QStringLiteral("Levým tl. myši kreslíte, pravým hýbete"), this);
     mouseHintLabel->setObjectName(QStringLiteral("mouseHintLabel"));
     mouseHintLabel->setGeometry(48, 0, 193, 17);
-    shrinkToFit(mouseHintLabel, mouseHintLabel->text(), mouseHintLabel->width());
+    shrinkToFitWhenDrawn(mouseHintLabel);
 
     connect(helpButton, &QPushButton::clicked, this, &EditorWindow::showHelp);
     connect(levelMenu, &LevelMenu::newRequested, this, &EditorWindow::newLevel);

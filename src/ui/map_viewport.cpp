@@ -58,7 +58,7 @@ MapViewport::MapViewport(QWidget* parent, LevelDocument& document)
     loadingLabel->setObjectName(QStringLiteral("loadingLabel"));
     loadingLabel->setGeometry(Placement{40, 40, 246, 37}.rounded());
     loadingLabel->setFont(boldSansSerif(24));
-    shrinkToFit(loadingLabel, loadingLabel->text(), loadingLabel->width());
+    shrinkToFitWhenDrawn(loadingLabel);
     setColour(loadingLabel, QPalette::WindowText, QColor(0, 0, 255));
     loadingLabel->lower();
     loadingLabel->hide();

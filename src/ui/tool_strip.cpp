@@ -29,21 +29,12 @@ class ToolButton : public QToolButton {
 
   protected:
     void paintEvent(QPaintEvent* event) override {
-        // The caption is fitted to the button when it is first drawn: at start most of the
-        // strip is out of view, and measuring 26 captions would hold up the first frame.
-        if (!captionFitted) {
-            captionFitted = true;
-            shrinkToFit(this, text(), width() - 4);
-        }
         QToolButton::paintEvent(event);
         if (!isChecked()) return;
         QPainter painter(this);
         painter.setPen(QPen(QColor(0, 0, 64), 3));
         painter.drawRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
     }
-
-  private:
-    bool captionFitted = false;
 };
 }  // namespace
 
@@ -80,6 +71,8 @@ void ToolStrip::createButtons() {
             colours.setColor(QPalette::Button, QColor(192, 192, 192));
         button->setPalette(colours);
         button->setGeometry(Placement{ButtonLeft, top, ButtonSide, ButtonSide}.rounded());
+        // At start most of the strip is out of view: its captions are measured when drawn.
+        shrinkToFitWhenDrawn(button, 4);
         toolButtons->addButton(button, tool.code);
         top += ButtonPitch;
     }

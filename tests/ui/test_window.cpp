@@ -82,15 +82,13 @@ class WindowTest : public QObject {
     void captionsFitTheirPlacesInTheirFonts() {
         Editor editor;
         QList<QWidget*> captioned{editor.part("mouseHintLabel"), editor.part("loadingLabel")};
-        for (QToolButton* entry : editor.window.findChildren<QToolButton*>()) {
-            entry->grab();  // a palette caption is fitted when first drawn
-            captioned << entry;
-        }
+        for (QToolButton* entry : editor.window.findChildren<QToolButton*>()) captioned << entry;
         for (QLineEdit* field : editor.window.findChildren<QLineEdit*>()) {
             field->setText("1000");  // the largest side, whole in its field
             captioned << field;
         }
         for (QWidget* widget : captioned) {
+            widget->grab();  // captions are fitted when first drawn
             const QString text = widget->property("text").toString();
             const int room = widget->inherits("QLineEdit") ? widget->contentsRect().width() - 4
                                                            : widget->width();
