@@ -84,10 +84,8 @@ EditorWindow::EditorWindow(LevelDocument& document, Dialogs& dialogs)
     connect(mapViewport, &MapViewport::viewMoved, this, &EditorWindow::updateMinimapViewFrame);
     connect(mapViewport, &MapViewport::selectionChanged, minimapView, &MinimapView::showSelection);
     connect(&document, &LevelDocument::cellsChanged, minimapView, &MinimapView::showChangedCells);
-    connect(&document, &LevelDocument::levelFileWarning, this, [this](const QString& warning) {
-        showBusy(false);
-        this->dialogs.error(warning);
-    });
+    connect(&document, &LevelDocument::levelFileWarning, this,
+            [this](const QString& warning) { this->dialogs.error(warning); });
     connect(&document, &LevelDocument::redrawStarting, this, &EditorWindow::showRedrawStarting);
     connect(&document, &LevelDocument::levelReplaced, this, &EditorWindow::showReplacedLevel);
     connect(&document, &LevelDocument::levelFileChanged, this, &EditorWindow::showLevelFile);
@@ -152,6 +150,9 @@ bool EditorWindow::startUp(std::future<PreparedLevel> preparing) {
     showLoading();
     if (!preparing.valid()) preparing = document.prepareOpen();
     PreparedLevel prepared = preparing.get();
+    // The read is over: a box about the file comes with the normal pointer, and the redraw
+    // shows its own loading indication.
+    showBusy(false);
     loadLevel(std::nullopt, &prepared);
     showLevelFile();
     showHelp();
@@ -169,7 +170,6 @@ void EditorWindow::loadLevel(std::optional<LevelView> shownBefore, PreparedLevel
     const LevelReadResult read =
         prepared ? document.open(std::move(*prepared), shownBefore) : document.open(shownBefore);
     if (read.ok()) return;
-    showBusy(false);  // no box under the hourglass
     if (!read.missing || shownBefore) dialogs.error(read.refusal);
     // At start-up the editor goes on with a new level; on Open the level stays.
     if (!shownBefore) makeNewLevel(std::nullopt);
