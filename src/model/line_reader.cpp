@@ -6,16 +6,22 @@
 #include <cstring>
 
 namespace {
-constexpr qint64 BlockSize = 1 << 18;
-}
+// One block is read at a time into the same memory, small enough to come from the heap: a
+// fresh block for each read would be fresh pages, each written for the first time.
+constexpr qint64 BlockSize = 1 << 16;
+}  // namespace
 
 bool LineReader::fill() {
     for (;;) {
-        if (position >= buffer.size()) {
-            buffer = device.read(std::min(BlockSize, unread));
-            unread -= buffer.size();
+        if (position >= filled) {
+            if (buffer.isEmpty())
+                buffer.resize(static_cast<qsizetype>(std::min(BlockSize, unread)));
+            const qint64 read =
+                unread > 0 ? device.read(buffer.data(), std::min(BlockSize, unread)) : 0;
+            filled = static_cast<qsizetype>(std::max<qint64>(read, 0));
+            unread -= filled;
             position = 0;
-            if (buffer.isEmpty()) return false;
+            if (filled == 0) return false;
         }
         if (!skipLineFeed) return true;
         skipLineFeed = false;  // a line feed right after a carriage return ends that line too
@@ -33,7 +39,7 @@ LineReader::Line LineReader::readLine(qint64 keep) {
     pieces.clear();
     while (fill()) {
         const char* start = buffer.constData() + position;
-        const qsizetype available = buffer.size() - position;
+        const qsizetype available = filled - position;
         const void* found = memchr(start, '\r', static_cast<size_t>(available));
         const qsizetype take = found ? static_cast<const char*>(found) - start : available;
         const qsizetype kept = static_cast<qsizetype>(

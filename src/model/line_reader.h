@@ -26,7 +26,8 @@ class LineReader {
     bool fill();
 
     QIODevice& device;
-    QByteArray buffer;
+    QByteArray buffer;  // the block read last: its first `filled` bytes
+    qsizetype filled = 0;
     QByteArray pieces;  // a line that spans blocks is gathered here
     qsizetype position = 0;
     qint64 unread;
