@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <numeric>
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
     : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
@@ -51,6 +52,30 @@ LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
 }
 
 namespace {
+// The codes in `areas` of the grid, area after area, row by row.
+std::vector<qint16> codesIn(const Level& level, const std::array<QRect, 4>& areas) {
+    std::vector<qint16> codes;
+    codes.reserve(std::accumulate(
+        areas.begin(), areas.end(), std::size_t(0), [](std::size_t sum, const QRect& area) {
+            return sum +
+                   static_cast<std::size_t>(area.width()) * static_cast<std::size_t>(area.height());
+        }));
+    for (const QRect& area : areas) {
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            codes.insert(codes.end(), level.row(y) + area.left(), level.row(y) + area.right() + 1);
+    }
+    return codes;
+}
+
+// Writes back what codesIn took from the same areas: the level as it was read.
+void putCodes(Level& level, const std::array<QRect, 4>& areas, const std::vector<qint16>& codes) {
+    auto code = codes.begin();
+    for (const QRect& area : areas) {
+        for (int y = area.top(); y <= area.bottom(); ++y, code += area.width())
+            std::copy_n(code, area.width(), level.row(y) + area.left());
+    }
+}
+
 // Open's reading and drawing, on whatever thread runs it: it uses only its arguments.
 PreparedLevel readAndDraw(const QString& path, RandomGenerator generator, QRgb drawingColour) {
     PreparedLevel prepared;
@@ -62,11 +87,11 @@ PreparedLevel readAndDraw(const QString& path, RandomGenerator generator, QRgb d
     prepared.drawing = std::make_unique<LevelRenderer>(*level, drawingColour);
     prepared.drawing->random() = generator;
     prepared.painted = prepared.drawing->repaintGrid();
-    // At most five writes a cell of the frame: the cell and its four neighbours.
-    prepared.frameWrites.reserve(10 * static_cast<std::size_t>(level->width() + level->height()));
-    prepared.drawing->sprites().setWriteLog(&prepared.frameWrites);
-    if (prepared.painted) prepared.drawing->drawFrame(WallToolCode);
-    prepared.drawing->sprites().setWriteLog(nullptr);
+    if (prepared.painted) {
+        prepared.underFrame =
+            codesIn(*level, LevelRenderer::frameReach(level->width(), level->height()));
+        prepared.drawing->drawFrame(WallToolCode);
+    }
     prepared.level = std::move(level);
     return prepared;
 }
@@ -163,10 +188,11 @@ bool LevelDocument::drawReplacedLevel(bool frameAnew, PreparedLevel* prepared) {
         return prepared->painted;
     }
     // Else the level is drawn here, as read: without the frame drawn on it meanwhile.
-    if (prepared)
-        for (auto write = prepared->frameWrites.rbegin(); write != prepared->frameWrites.rend();
-             ++write)
-            currentLevel.setCell(write->x, write->y, write->before.code);
+    if (prepared && !prepared->underFrame.empty()) {
+        putCodes(currentLevel,
+                 LevelRenderer::frameReach(currentLevel.width(), currentLevel.height()),
+                 prepared->underFrame);
+    }
     const bool painted = renderer.repaintGrid();
     if (painted && frameAnew) renderer.drawFrame(WallToolCode);
     return painted;

@@ -16,8 +16,10 @@ struct PreparedLevel {
     LevelReadResult read;
     std::unique_ptr<Level> level;            // as read; null when the file was refused
     std::unique_ptr<LevelRenderer> drawing;  // its grid and its wall frame drawn
-    std::vector<CellWrite> frameWrites;      // the cells the frame wrote, as they were read
-    bool painted = false;                    // no code without a picture stopped the repaint
+    // The codes read in LevelRenderer::frameReach, rectangle after rectangle, row by row;
+    // empty when no frame was drawn.
+    std::vector<qint16> underFrame;
+    bool painted = false;  // no code without a picture stopped the repaint
     // What the drawing started from: the document's wall generator and minimap colour then.
     std::uint32_t generatorStart = 0;
     QRgb drawingColourStart = 0;

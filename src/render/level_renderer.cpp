@@ -36,3 +36,11 @@ void LevelRenderer::drawFrame(int tool) {
         toolPainter.applyTool(width - 2, y, tool);
     }
 }
+
+std::array<QRect, 4> LevelRenderer::frameReach(int width, int height) {
+    // The ring lies on columns 1 and width - 2 and rows 1 and height - 2; a wall drawn there
+    // draws its wall neighbours again.
+    const QRect grid(0, 0, width + 1, height + 1);
+    return {QRect(0, 0, width + 1, 3) & grid, QRect(0, height - 3, width + 1, 3) & grid,
+            QRect(0, 0, 3, height + 1) & grid, QRect(width - 3, 0, 3, height + 1) & grid};
+}

@@ -6,6 +6,10 @@
 #include "sprite_painter.h"
 #include "tool_painter.h"
 
+#include <QRect>
+
+#include <array>
+
 class Level;
 
 // Everything that draws one level: the two canvases, the wall generator and the painters.
@@ -22,6 +26,10 @@ class LevelRenderer {
     // The second half: the wall frame one cell inside the level's edge, drawn with `tool`
     // along the top and bottom rows, then the left and right columns.
     void drawFrame(int tool);
+    // The cells that drawing the frame with the wall tool can write on a level of `width` x
+    // `height`, as four overlapping rectangles inside the grid: the ring and the cells on
+    // either side of it, along each edge.
+    static std::array<QRect, 4> frameReach(int width, int height);
 
     // Takes what `drawn`, the renderer of another level object with the same cells, drew: its
     // canvases, its wall generator's state and whether its grid is shown whole. `drawn` gets
