@@ -21,7 +21,7 @@ struct GridAllocator : std::allocator<T> {
         if (!memory) throw std::bad_alloc();
         return static_cast<T*>(memory);
     }
-    void deallocate(T* memory, std::size_t) { std::free(memory); }
+    void deallocate(T* memory, std::size_t count) { freeLargeBuffer(memory, count * sizeof(T)); }
     template <class U>
     void construct(U* place) {
         ::new (static_cast<void*>(place)) U;

@@ -1,6 +1,7 @@
 #include "file_bytes.h"
 #include "file_names.h"
 #include "frame_prediction.h"
+#include "large_buffer.h"
 #include "level.h"
 #include "level_file.h"
 #include "tile_codes.h"
@@ -13,9 +14,14 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 
+#include <sys/mman.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -205,6 +211,40 @@ class LevelModelTest : public QObject {
             QCOMPARE(wallKey(armsOfPiece(look)),
                      wallKey(armsOfPiece(look < FirstVerticalPiece ? 1 : FirstVerticalPiece)));
         for (int code : {FloorCode, FirstFurniture, -1}) QCOMPARE(wallKey(armsOfPiece(code)), 0);
+    }
+    // Large buffers start on a 2 MiB boundary, hold every byte asked for without touching
+    // each other, and are left out of a forked child; small ones come from the heap, which a
+    // child keeps.
+    void largeBuffersAreWholeAlignedAndLeftToTheParent() {
+        const std::size_t sizes[] = {1,       (512 << 10) - 1, 512 << 10,
+                                     2 << 20, (2 << 20) + 1,   5 << 20};
+        constexpr std::size_t Count = std::size(sizes);
+        const auto isLarge = [&](std::size_t i) { return sizes[i] >= 512 << 10; };
+        unsigned char* buffers[Count];
+        for (std::size_t i = 0; i < Count; ++i) {
+            buffers[i] = static_cast<unsigned char*>(allocateLargeBuffer(sizes[i]));
+            QVERIFY(buffers[i]);
+            std::memset(buffers[i], int(i + 1), sizes[i]);
+            if (isLarge(i)) QCOMPARE(reinterpret_cast<std::uintptr_t>(buffers[i]) % (2 << 20), 0u);
+        }
+        for (std::size_t i = 0; i < Count; ++i)
+            QVERIFY(std::all_of(buffers[i], buffers[i] + sizes[i],
+                                [&](unsigned char byte) { return byte == i + 1; }));
+        const pid_t child = fork();
+        if (child == 0) {  // a bit set for each buffer the child has that it should not, or lacks
+            int wrong = 0;
+            for (std::size_t i = 0; i < Count; ++i) {
+                const bool mapped = isLarge(i) ? msync(buffers[i], sizes[i], MS_ASYNC) == 0
+                                               : buffers[i][sizes[i] - 1] == i + 1;
+                if (mapped != !isLarge(i)) wrong |= 1 << i;
+            }
+            _exit(wrong);
+        }
+        int status = -1;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY(WIFEXITED(status));
+        QCOMPARE(WEXITSTATUS(status), 0);
+        for (std::size_t i = 0; i < Count; ++i) freeLargeBuffer(buffers[i], sizes[i]);
     }
 };
 
