@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <numeric>
 
 LevelDocument::LevelDocument(QString levelFile, QString spriteSheetFile, QObject* parent)
     : QObject(parent), levelPath(std::move(levelFile)), sheetPath(std::move(spriteSheetFile)) {
@@ -55,11 +54,6 @@ namespace {
 // The codes in `areas` of the grid, area after area, row by row.
 std::vector<qint16> codesIn(const Level& level, const std::array<QRect, 4>& areas) {
     std::vector<qint16> codes;
-    codes.reserve(std::accumulate(
-        areas.begin(), areas.end(), std::size_t(0), [](std::size_t sum, const QRect& area) {
-            return sum +
-                   static_cast<std::size_t>(area.width()) * static_cast<std::size_t>(area.height());
-        }));
     for (const QRect& area : areas) {
         for (int y = area.top(); y <= area.bottom(); ++y)
             codes.insert(codes.end(), level.row(y) + area.left(), level.row(y) + area.right() + 1);

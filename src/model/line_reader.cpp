@@ -14,11 +14,10 @@ constexpr qint64 BlockSize = 1 << 16;
 bool LineReader::fill() {
     for (;;) {
         if (position >= filled) {
-            if (buffer.isEmpty())
-                buffer.resize(static_cast<qsizetype>(std::min(BlockSize, unread)));
-            const qint64 read =
-                unread > 0 ? device.read(buffer.data(), std::min(BlockSize, unread)) : 0;
-            filled = static_cast<qsizetype>(std::max<qint64>(read, 0));
+            const qint64 wanted = std::min(BlockSize, unread);
+            if (buffer.size() < wanted) buffer.resize(static_cast<qsizetype>(wanted));
+            filled =
+                static_cast<qsizetype>(std::max<qint64>(device.read(buffer.data(), wanted), 0));
             unread -= filled;
             position = 0;
             if (filled == 0) return false;
