@@ -236,24 +236,6 @@ class EndToEndTest : public QObject {
         QCOMPARE(x->editorExitCode(), 1);
     }
 
-    // A warning and a refusal, told at start-up, which then goes on to its end; each case in a
-    // fresh X server and folder.
-    void aMalformedLevelIsToldAndTheEditorGoesOn() {
-        const auto row = [&](const QByteArray& bytes, const QString& message) {
-            init();
-            prepareFolder(folder->path(), bytes);  // none: a FIFO, which would block its reader
-            if (bytes.isEmpty()) QCOMPARE(mkfifo(QFile::encodeName(level()), 0600), 0);
-            QVERIFY2(x->startEditor(VARNOK_EDITOR, folder->path()) &&
-                         x->messageText("Varnok Editor").contains(message) &&
-                         x->closeBox("Varnok Editor") && x->closeBox("Nápověda") &&
-                         x->editorRunning(),
-                     qPrintable(message));
-        };
-        row(levelFile({}).insert(15 + 10 * 36 + 20, '0'),
-            "NEODPOVIDA DELKA RADKU 3 V level99.VRK!");
-        row({}, "Soubor level99.VRK nelze otevřít: není to obyčejný soubor");
-    }
-
     // The wall tool held in the map view's bottom-right corner: the pointer wobbles by a pixel,
     // each move lands on a new cell of a staircase and scrolls the map a step right and down.
     void edgeScrollingPaintsAStaircaseInTheRealProgram() {
