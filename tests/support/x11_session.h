@@ -30,7 +30,6 @@ class X11Session {
     }
     // Asks the main window to close, as a window manager's close button does.
     bool closeEditorWindow();
-    // Whether a window of this title shows.
     bool boxShown(const QString& title);
     // The editor's exit code once it has ended, or -1 when it has not within 20 s.
     int editorExitCode();

@@ -216,14 +216,18 @@ class EditingTest : public QObject {
         level.reset(20, 20);
         QByteArray shortLine = encodeLevelFile(level);
         shortLine.remove(shortLine.indexOf("\r\n", shortLine.size() / 2) - 1, 1);
-        for (const QByteArray& bytes : {QByteArray("1\r\n"), shortLine, QByteArray()}) {
+        for (const auto& [bytes, told] :
+             {std::pair(QByteArray("1\r\n"), "tři řádky"),
+              std::pair(shortLine, "NEODPOVIDA DELKA RADKU"),
+              std::pair(QByteArray(), "level99.VRK nelze otevřít: není to obyčejný soubor")}) {
             Editor editor;
             const QString file = editor.path(LevelFileName);
             QVERIFY(bytes.isEmpty() ? mkfifo(QFile::encodeName(file), 0600) == 0
                                     : writeFile(file, bytes));
             editor.window.startUp();
             QCOMPARE(editor.dialogs.shown.size(), 2);
-            QVERIFY2(editor.dialogs.shown[0].startsWith("error||"),
+            QVERIFY2(editor.dialogs.shown[0].startsWith("error||") &&
+                         editor.dialogs.shown[0].contains(QString::fromUtf8(told)),
                      qPrintable(editor.dialogs.shown[0]));
             QVERIFY(editor.map->isVisible());
         }
