@@ -38,15 +38,20 @@ inline QPointF cellCentre(QPoint cell) {
     return {64.0 * cell.x() + 32, 64.0 * cell.y() + 32};
 }
 
+// Writes an all-floor level file of this size, holding `code` in cell `at`.
+inline void writeLevel(const QString& path, QSize size, QPoint at = {}, qint16 code = 0) {
+    Level file;
+    file.reset(size.width(), size.height());
+    file.setCell(at.x(), at.y(), code);
+    if (!writeLevelFile(file, path).ok()) qFatal("no level file written");
+}
+
 // An editor window on a document working in a fresh folder of its own.
 struct Editor {
     Editor() = default;
-    // Started on an all-floor level file of this size, holding `code` in cell `at`.
+    // Started on such a level file.
     explicit Editor(QSize size, QPoint at = {}, qint16 code = 0) {
-        Level file;
-        file.reset(size.width(), size.height());
-        file.setCell(at.x(), at.y(), code);
-        if (!writeLevelFile(file, path(LevelFileName)).ok()) qFatal("no level file written");
+        writeLevel(path(LevelFileName), size, at, code);
         window.startUp();
     }
 

@@ -9,14 +9,6 @@
 namespace {
 const QString Title = QStringLiteral("VARNOK LEVEL EDITOR");
 
-// A level file of this size with the hero at (5, 5).
-void writeLevel(const QString& path, int side) {
-    Level level;
-    level.reset(side, side);
-    level.setCell(5, 5, HeroCode);
-    if (!writeLevelFile(level, path).ok()) qFatal("no level file written");
-}
-
 bool magenta(const SpriteSheet& sheet) {
     const QRgb pixel = sheet.image().pixel(100, 100);
     return qRed(pixel) > 200 && qGreen(pixel) < 60 && qBlue(pixel) > 200;
@@ -32,7 +24,7 @@ class LevelFilesTest : public QObject {
 
     // Started on a 25 x 25 level99.VRK, remembering its files.
     void startEditor(Editor& editor, RecentFiles& recent) {
-        writeLevel(editor.path(LevelFileName), 25);
+        writeLevel(editor.path(LevelFileName), {25, 25}, {5, 5}, HeroCode);
         editor.window.setRecentFiles(&recent);
         editor.window.startUp();
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
@@ -52,7 +44,7 @@ class LevelFilesTest : public QObject {
         startEditor(editor, recent);
         const QString start = editor.path(LevelFileName);
         const QString castle = others.filePath("castle.vrk");
-        writeLevel(castle, 30);
+        writeLevel(castle, {30, 30}, {5, 5}, HeroCode);
         QImage sheet(640, 896, QImage::Format_RGB32);
         sheet.fill(qRgb(255, 0, 255));
         QVERIFY(sheet.save(others.filePath(SpriteSheetFileName), "JPG"));
