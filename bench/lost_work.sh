@@ -12,7 +12,6 @@ rounds=${2:-10}
 editor=$build/src/app/varnok-editor
 sheet=$build/art/generated/EditPic.jpg
 . "$(dirname "$0")/private_x_server.sh" 1920x1400x24
-export XDG_STATE_HOME=$work/state
 now() { echo $(($(date +%s%N) / 1000000)); }
 
 for round in $(seq "$rounds"); do

@@ -1,6 +1,6 @@
 # Sourced by the benchmark scripts: a scratch folder ($work) and a private X server of the
-# given screen size, both gone when the script ends; DISPLAY and a private runtime folder
-# are exported for every program the script starts.
+# given screen size, both gone when the script ends; DISPLAY and private runtime, settings and
+# state folders are exported for every program the script starts.
 #
 #   . "$(dirname "$0")/private_x_server.sh" 1920x1080x24
 work=$(mktemp -d)
@@ -19,3 +19,6 @@ export DISPLAY=:$(head -n 1 "$work/display")
 # Qt warns without a runtime folder; every program gets the same private one.
 export XDG_RUNTIME_DIR=$work/runtime
 mkdir -m 700 "$XDG_RUNTIME_DIR"
+# Nor are the user's own settings and state touched: the editor remembers the levels it opened
+# there and keeps its recovery copies and their locks there (a killed editor leaves its lock).
+export XDG_CONFIG_HOME=$work/config XDG_STATE_HOME=$work/state
