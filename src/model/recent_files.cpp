@@ -24,6 +24,7 @@ QString RecentFiles::defaultSettingsFile() {
 }
 
 QStringList RecentFiles::files() const {
+    if (writing.valid()) writing.wait();
     const QSettings settings(settingsFile, QSettings::IniFormat);
     QStringList kept;
     for (const QString& path : settings.value(Key).toStringList())
@@ -38,8 +39,12 @@ void RecentFiles::add(const QString& path) {
     QStringList kept = before;
     kept.removeAll(path);
     kept.prepend(path);
-    // Writing the settings syncs a file to the disk: not at every start on the same file.
+    // Writing the settings syncs the file and its lock to the disk, which takes milliseconds
+    // and more on a busy disk: not at every start on the same file, and never on the way to
+    // the window.
     if (kept == before) return;
-    QSettings settings(settingsFile, QSettings::IniFormat);
-    settings.setValue(Key, kept.mid(0, Kept));
+    writing = std::async(std::launch::async, [file = settingsFile, list = kept.mid(0, Kept)] {
+        QSettings settings(file, QSettings::IniFormat);
+        settings.setValue(Key, list);
+    });
 }

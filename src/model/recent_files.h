@@ -3,9 +3,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <future>
+
 // The level files worked on last, most recent first, kept in the user's settings: the file
 // varnok/varnok-editor.conf in the configuration folder (XDG_CONFIG_HOME, else ~/.config).
-// A file that is gone is left out silently.
+// A file that is gone is left out silently. The list is written on a thread of its own, as
+// writing it syncs the file to the disk; this object's reads and its end wait for that write.
 class RecentFiles {
   public:
     static constexpr qsizetype Kept = 10;
@@ -20,4 +23,5 @@ class RecentFiles {
 
   private:
     QString settingsFile;
+    std::future<void> writing;
 };

@@ -58,10 +58,10 @@ class LevelFilesTest : public QObject {
         key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(editor.dialogs.shown.last(), "open|" + editor.folder.path() + "|" + start);
         QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", true));
-        QCOMPARE(RecentFiles().files(), QStringList({castle, start}));
+        QCOMPARE(recent.files(), QStringList({castle, start}));
         key(Qt::Key_Z);
         QCOMPARE(shown(), std::tuple(25, start, Title, false));
-        QCOMPARE(RecentFiles().files(), QStringList({start, castle}));
+        QCOMPARE(recent.files(), QStringList({start, castle}));
         key(Qt::Key_Y);
         QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", true));
 
