@@ -51,22 +51,13 @@ LevelReadResult LevelDocument::open(std::optional<LevelView> shownBefore) {
 }
 
 namespace {
-// The codes in `areas` of the grid, area after area, row by row.
-std::vector<qint16> codesIn(const Level& level, const std::array<QRect, 4>& areas) {
-    std::vector<qint16> codes;
-    for (const QRect& area : areas) {
-        for (int y = area.top(); y <= area.bottom(); ++y)
-            codes.insert(codes.end(), level.row(y) + area.left(), level.row(y) + area.right() + 1);
-    }
-    return codes;
-}
-
-// Writes back what codesIn took from the same areas: the level as it was read.
-void putCodes(Level& level, const std::array<QRect, 4>& areas, const std::vector<qint16>& codes) {
-    auto code = codes.begin();
-    for (const QRect& area : areas) {
-        for (int y = area.top(); y <= area.bottom(); ++y, code += area.width())
-            std::copy_n(code, area.width(), level.row(y) + area.left());
+// Writes back the blocks taken from `areas` with copyBlock: the level as it was read.
+void putBack(Level& level, const std::array<QRect, 4>& areas,
+             const std::array<LevelBlock, 4>& blocks) {
+    for (std::size_t i = 0; i < areas.size(); ++i) {
+        auto codes = blocks[i].codes.begin();
+        for (int y = 0; y < blocks[i].height; ++y, codes += blocks[i].width)
+            std::copy_n(codes, blocks[i].width, level.row(areas[i].top() + y) + areas[i].left());
     }
 }
 
@@ -82,8 +73,9 @@ PreparedLevel readAndDraw(const QString& path, RandomGenerator generator, QRgb d
     prepared.drawing->random() = generator;
     prepared.painted = prepared.drawing->repaintGrid();
     if (prepared.painted) {
-        prepared.underFrame =
-            codesIn(*level, LevelRenderer::frameReach(level->width(), level->height()));
+        const auto reach = LevelRenderer::frameReach(level->width(), level->height());
+        for (std::size_t i = 0; i < reach.size(); ++i)
+            prepared.underFrame[i] = copyBlock(*level, reach[i]);
         prepared.drawing->drawFrame(WallToolCode);
     }
     prepared.level = std::move(level);
@@ -182,11 +174,10 @@ bool LevelDocument::drawReplacedLevel(bool frameAnew, PreparedLevel* prepared) {
         return prepared->painted;
     }
     // Else the level is drawn here, as read: without the frame drawn on it meanwhile.
-    if (prepared && !prepared->underFrame.empty()) {
-        putCodes(currentLevel,
-                 LevelRenderer::frameReach(currentLevel.width(), currentLevel.height()),
-                 prepared->underFrame);
-    }
+    if (prepared)
+        putBack(currentLevel,
+                LevelRenderer::frameReach(currentLevel.width(), currentLevel.height()),
+                prepared->underFrame);
     const bool painted = renderer.repaintGrid();
     if (painted && frameAnew) renderer.drawFrame(WallToolCode);
     return painted;

@@ -39,8 +39,8 @@ void LevelRenderer::drawFrame(int tool) {
 
 std::array<QRect, 4> LevelRenderer::frameReach(int width, int height) {
     // The ring lies on columns 1 and width - 2 and rows 1 and height - 2; a wall drawn there
-    // draws its wall neighbours again.
-    const QRect grid(0, 0, width + 1, height + 1);
-    return {QRect(0, 0, width + 1, 3) & grid, QRect(0, height - 3, width + 1, 3) & grid,
-            QRect(0, 0, 3, height + 1) & grid, QRect(width - 3, 0, 3, height + 1) & grid};
+    // draws its wall neighbours again, all inside the level proper.
+    const QRect level(0, 0, width, height);
+    return {QRect(0, 0, width, 3) & level, QRect(0, height - 3, width, 3) & level,
+            QRect(0, 0, 3, height) & level, QRect(width - 3, 0, 3, height) & level};
 }

@@ -27,8 +27,8 @@ class LevelRenderer {
     // along the top and bottom rows, then the left and right columns.
     void drawFrame(int tool);
     // The cells that drawing the frame with the wall tool can write on a level of `width` x
-    // `height`, as four overlapping rectangles inside the grid: the ring and the cells on
-    // either side of it, along each edge.
+    // `height`, as four overlapping rectangles inside the level proper: the ring and the
+    // cells on either side of it, along each edge.
     static std::array<QRect, 4> frameReach(int width, int height);
 
     // Takes what `drawn`, the renderer of another level object with the same cells, drew: its
