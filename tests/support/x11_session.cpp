@@ -101,11 +101,8 @@ bool X11Session::launchEditor(const QString& program, const QString& folder, Use
 }
 
 bool X11Session::boxShown(const QString& title) {
-    return windowMatching('^' + QRegularExpression::escape(title) + '$', nullptr);
-}
-
-bool X11Session::windowMatching(const QString& pattern, QByteArray* ids) {
-    return xdotool({"search", "--onlyvisible", "--name", pattern}, ids);
+    return xdotool(
+        {"search", "--onlyvisible", "--name", '^' + QRegularExpression::escape(title) + '$'});
 }
 
 QString X11Session::waitForWindow(const QString& title) {
@@ -114,7 +111,7 @@ QString X11Session::waitForWindow(const QString& title) {
 
 QString X11Session::waitForWindowMatching(const QString& pattern) {
     QByteArray ids;  // none when the last search found nothing
-    waitUntil(20000, [&] { return windowMatching(pattern, &ids); });
+    waitUntil(20000, [&] { return xdotool({"search", "--onlyvisible", "--name", pattern}, &ids); });
     return QString::fromLatin1(ids).section('\n', 0, 0);
 }
 
@@ -140,12 +137,10 @@ bool X11Session::closeBox(const QString& title, const QString& typed) {
 
 // Looked up by its title, not by the window first found at start-up: Qt may have made that
 // one again meanwhile.
-QString X11Session::mainWindowTitle(const QString& expected) {
-    const QString found = waitForWindow(expected);
-    if (!found.isEmpty()) return mainWindow = found, expected;
-    QByteArray title;  // none when Qt has made the window again
-    xdotool({"getwindowname", mainWindow}, &title);
-    return QString::fromUtf8(title).trimmed();
+bool X11Session::mainWindowTitled(const QString& title) {
+    const QString found = waitForWindow(title);
+    if (!found.isEmpty()) mainWindow = found;
+    return !found.isEmpty();
 }
 
 QPoint X11Session::windowOrigin(const QString& window) {

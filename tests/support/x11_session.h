@@ -39,8 +39,8 @@ class X11Session {
     // Waits for the box with this title, types `typed` into it (a file dialog's path), presses
     // Return (its default button), waits till it goes.
     bool closeBox(const QString& title, const QString& typed = {});
-    // The main window's title, once it is `expected` (within 20 s), else as it is then.
-    QString mainWindowTitle(const QString& expected);
+    // Whether the main window comes to have this title within 20 s.
+    bool mainWindowTitled(const QString& title);
     // The text shown in the box with this title, copied from the screen.
     QString messageText(const QString& title);
 
@@ -66,7 +66,6 @@ class X11Session {
     QPoint windowOrigin(const QString& window);
     // Waits until `window` has the keyboard, giving it the keyboard if it does not get it.
     bool takeKeys(const QString& window);
-    bool windowMatching(const QString& pattern, QByteArray* ids);
 
     QTemporaryDir scratch;  // HOME and XDG_RUNTIME_DIR; outlives the processes below
     QProcessEnvironment environment;
