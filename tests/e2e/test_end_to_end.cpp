@@ -5,7 +5,6 @@
 #include <QThread>
 
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <csignal>
 #include <functional>
 #include <optional>
@@ -33,9 +32,7 @@ class EndToEndTest : public QObject {
     // The sheet, and the level unless it is empty, in `dir`.
     void prepareFolder(const QDir& dir, const QByteArray& level = {},
                        const QString& name = "level99.VRK") {
-        // A copy keeps its source's mode, which the builder's umask chose.
-        QFile::copy(VARNOK_SHEET, dir.filePath("EditPic.jpg"));
-        QCOMPARE(chmod(QFile::encodeName(dir.filePath("EditPic.jpg")), 0644), 0);
+        QVERIFY(QFile::copy(VARNOK_SHEET, dir.filePath("EditPic.jpg")));
         if (!level.isEmpty()) QVERIFY(writeFile(dir.filePath(name), level));
     }
     // The sheet and `level` in the case's folder, the editor started there (see openEditor).
@@ -44,9 +41,8 @@ class EndToEndTest : public QObject {
         return openEditor();
     }
     // Starts the editor in the case's folder, closes its help and makes its window 896 x 1150.
-    bool openEditor(const QStringList& arguments = {}, const QString& program = VARNOK_EDITOR,
-                    X11Session::User user = X11Session::User::Same) {
-        if (!x->startEditor(program, folder->path(), user, arguments) || !x->closeBox("Nápověda"))
+    bool openEditor(const QStringList& arguments = {}) {
+        if (!x->startEditor(VARNOK_EDITOR, folder->path(), arguments) || !x->closeBox("Nápověda"))
             return false;
         x->resizeEditor(896, 1150);
         return true;
@@ -125,9 +121,16 @@ class EndToEndTest : public QObject {
         const int roomA[] = {30, 31, 32, 40, 41, 42, 50, 51, 52, 60, 114, 62};  // 3 x 4 from (4, 8)
         for (int i = 0; i < 12; ++i) edited[{4 + i % 3, 8 + i / 3}] = roomA[i];
         QCOMPARE(waitForFile(levels.filePath("hrad.vrk"), levelFile(old)), levelFile(edited, true));
-        QVERIFY(x->editorRunning());
         QVERIFY(QDir(folder->path()).entryList(QDir::Files).isEmpty());
         QVERIFY(!levels.exists("level99.VRK"));
+
+        // A file size limit under the 1.3 kB level fails the next save alone.
+        const rlimit kilobyte{1024, 1024};
+        QCOMPARE(prlimit(pid_t(x->editorId()), RLIMIT_FSIZE, &kilobyte, nullptr), 0);
+        QVERIFY(save());
+        QVERIFY(x->messageText("Varnok Editor").contains("hrad.vrk: soubor by byl větší"));
+        QVERIFY(x->editorRunning());
+        QCOMPARE(bytesOf(levels.filePath("hrad.vrk")), levelFile(edited, true));
     }
 
     // Ctrl+Shift+O and Ctrl+Shift+S with the real file dialog, a path typed into it: the opened
@@ -185,34 +188,6 @@ class EndToEndTest : public QObject {
                     seen = distance(screen.pixel(entry(place) + QPoint(x2, y)), centre) < 12;
             QVERIFY2(seen, qPrintable(QStringLiteral("entry %1").arg(codes[place])));
         }
-    }
-
-    void aReadOnlyFolderKeepsItsLevel() {
-        prepareFolder(folder->path(), levelFile(heroOnly));
-        // A copy of the editor that an ordinary user may run, wherever the build lies.
-        const QString program = folder->filePath("varnok-editor");
-        QVERIFY(QFile::copy(VARNOK_EDITOR, program));
-        QCOMPARE(chmod(QFile::encodeName(program), 0555), 0);
-        QCOMPARE(chmod(QFile::encodeName(folder->path()), 0555), 0);
-
-        QVERIFY(openEditor({}, program, X11Session::User::Ordinary));
-        QVERIFY(save());
-        QVERIFY(x->messageText("Varnok Editor")
-                    .contains("Level se nepodařilo uložit do souboru level99.VRK"));
-        QVERIFY(x->closeBox("Varnok Editor"));
-        QVERIFY(x->editorRunning());
-        QCOMPARE(waitForFile(level()), levelFile(heroOnly));
-        QCOMPARE(QDir(folder->path()).entryList(QDir::Files).size(), 3);  // no leftovers
-    }
-
-    void aFileSizeLimitFailsTheSaveOnly() {
-        QVERIFY(openLevel());
-        const rlimit kilobyte{1024, 1024};  // under the 1.3 kB level
-        QCOMPARE(prlimit(pid_t(x->editorId()), RLIMIT_FSIZE, &kilobyte, nullptr), 0);
-        QVERIFY(save());
-        QVERIFY(x->messageText("Varnok Editor").contains("level99.VRK: soubor by byl větší"));
-        QVERIFY(x->editorRunning());
-        QCOMPARE(waitForFile(level()), levelFile(heroOnly));
     }
 
     // The wall tool held in the map view's bottom-right corner: the pointer wobbles by a pixel,
@@ -327,8 +302,6 @@ class EndToEndTest : public QObject {
         model.placeBlock(model.copyBlock(QRect(4, 4, 3, 2)), QPoint(10, 10));
         model.clearCells(QRect(4, 4, 3, 2));
         model.clearCells(QRect(10, 10, 2, 1));
-        // What the deletion left of the laid T: two walls standing alone.
-        QVERIFY(model.level().cell(12, 10) == 14 && model.level().cell(11, 11) == 14);
 
         QVERIFY(save());
         const QByteArray edited = waitForFile(level(), levelFile(heroOnly));
@@ -342,7 +315,6 @@ class EndToEndTest : public QObject {
         }
         QVERIFY(save());
         QCOMPARE(waitForFile(level(), edited), encodeLevelFile(model.level()));
-        QCOMPARE(model.level().cell(5, 5), 16);  // back to the painted T
     }
 
     // The editor killed and started again on the same folder, and two editors on one level file.
@@ -386,7 +358,7 @@ class EndToEndTest : public QObject {
     void oneEditorPerLevelFile() {
         // Started without a terminal (its standard error is no terminal here), as from the
         // desktop menu, the editor shows why it cannot use its path in a box, then ends with 1.
-        QVERIFY(x->launchEditor(VARNOK_EDITOR, folder->path(), {}, {"nikde/hrad.vrk"}));
+        QVERIFY(x->launchEditor(VARNOK_EDITOR, folder->path(), {"nikde/hrad.vrk"}));
         QVERIFY(x->messageText("Varnok Editor").contains("/nikde neexistuje."));
         QVERIFY(x->closeBox("Varnok Editor"));
         QCOMPARE(x->editorExitCode(), 1);
@@ -396,7 +368,7 @@ class EndToEndTest : public QObject {
 
         // A second editor on the same file asks after its help box; No ends it.
         QProcess second;
-        QVERIFY(x->launchEditor(VARNOK_EDITOR, folder->path(), {}, {}, &second));
+        QVERIFY(x->launchEditor(VARNOK_EDITOR, folder->path(), {}, &second));
         QVERIFY(x->closeBox("Nápověda"));
         QCOMPARE(x->messageText(OpenElsewhere),
                  QStringLiteral("Level level99.VRK už je otevřený v jiném okně editoru (proces "

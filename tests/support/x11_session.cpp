@@ -6,8 +6,6 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 bool X11Session::waitUntil(int timeoutMs, const std::function<bool()>& done) {
     for (const QDeadlineTimer deadline(timeoutMs); !done(); QThread::msleep(100))
@@ -16,8 +14,6 @@ bool X11Session::waitUntil(int timeoutMs, const std::function<bool()>& done) {
 }
 
 X11Session::X11Session() {
-    // The editor's ordinary user must read what the tests make, whatever the caller's umask.
-    umask(022);
     qputenv("TMPDIR", "/tmp");
     environment.insert("PATH", qEnvironmentVariable("PATH", "/usr/local/bin:/usr/bin:/bin"));
     environment.insert("LC_ALL", "C.UTF-8");
@@ -51,9 +47,9 @@ bool X11Session::run(const QString& program, const QStringList& arguments, QByte
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-bool X11Session::startEditor(const QString& program, const QString& folder, User user,
+bool X11Session::startEditor(const QString& program, const QString& folder,
                              const QStringList& arguments) {
-    if (!launchEditor(program, folder, user, arguments)) return false;
+    if (!launchEditor(program, folder, arguments)) return false;
     // The title names the level file when it is not level99.VRK of the starting folder.
     mainWindow = waitForWindowMatching("^VARNOK LEVEL EDITOR( — .+)?$");
     return !mainWindow.isEmpty();
@@ -79,20 +75,13 @@ bool X11Session::closeEditorWindow() {
     return sent != 0;
 }
 
-bool X11Session::launchEditor(const QString& program, const QString& folder, User user,
+bool X11Session::launchEditor(const QString& program, const QString& folder,
                               const QStringList& arguments, QProcess* another) {
     QProcessEnvironment editorEnvironment = environment;
     editorEnvironment.remove("LC_ALL");
     editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
     editorEnvironment.insert("UBSAN_OPTIONS", qEnvironmentVariable("UBSAN_OPTIONS"));
     QProcess& process = another ? *another : editor;
-    if (user == User::Ordinary && geteuid() == 0) {
-        editorEnvironment.insert("HOME", "/nonexistent");
-        editorEnvironment.remove("XDG_RUNTIME_DIR");
-        process.setChildProcessModifier([] {
-            if (setgid(65534) != 0 || setuid(65534) != 0) _exit(126);  // nobody
-        });
-    }
     process.setProcessEnvironment(editorEnvironment);
     process.setWorkingDirectory(folder);
     process.setProcessChannelMode(QProcess::ForwardedChannels);

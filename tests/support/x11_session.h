@@ -16,13 +16,12 @@ class X11Session {
     // Polls until `done` holds; false when the time ran out first.
     static bool waitUntil(int timeoutMs, const std::function<bool()>& done);
 
-    // Starts the editor in `folder`, waits for its window. Ordinary: as "nobody" when run as root.
-    enum class User { Same, Ordinary };
-    bool startEditor(const QString& program, const QString& folder, User user = User::Same,
+    // Starts the editor in `folder`, waits for its window.
+    bool startEditor(const QString& program, const QString& folder,
                      const QStringList& arguments = {});
     // Starts the editor as startEditor does, without waiting for any window; with `another`,
     // one more editor in that process, beside the one above.
-    bool launchEditor(const QString& program, const QString& folder, User user = User::Same,
+    bool launchEditor(const QString& program, const QString& folder,
                       const QStringList& arguments = {}, QProcess* another = nullptr);
     // Sets a variable of the editors' environment, for the editors started after.
     void setEditorVariable(const QString& name, const QString& value) {
