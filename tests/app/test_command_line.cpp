@@ -81,17 +81,15 @@ class CommandLineTest : public QObject {
     }
 
     // Without HOME the user database names the home folder, never the file system's root.
-    void homeFolderWithoutHome() {
+    void homeFolderAndRecentFiles() {
         const QByteArray home = qgetenv("HOME");
         qunsetenv("HOME");
         const QString found = userHomeFolder();
         qputenv("HOME", home);
         QVERIFY2(!found.isEmpty() && found != "/" && QDir(found).exists(), qPrintable(found));
         QCOMPARE(userHomeFolder(), QString::fromLocal8Bit(home));
-    }
 
-    // --recent: the files remembered under XDG_CONFIG_HOME, one a line, the latest first.
-    void recentFiles() {
+        // --recent: the files remembered under XDG_CONFIG_HOME, one a line, the latest first.
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(at("config")));
         for (const char* file : {"moje levely/hrad.vrk", "work/gone.VRK", "archiv/level99.VRK"})
             RecentFiles().add(at(file));

@@ -11,7 +11,7 @@ class BlockTextTest : public QObject {
   private slots:
     // The text holds the level file's bytes; random blocks come back equal, also after their
     // line ends or their bytes were changed by a program on the way.
-    void blocksRoundTrip() {
+    void blocksRoundTripAndMalformedOnesAreRefused() {
         QCOMPARE(encodeBlockText({3, 2, {0, 17, 135, 1, 139, 10}}),
                  QByteArray("VARNOK-BLOK 1 3 2\r\n0A\xb7\r\n1\xbb:\r\n"));
         QRandomGenerator random(24);
@@ -27,11 +27,9 @@ class BlockTextTest : public QObject {
             QCOMPARE(readBlockText(QByteArray(text).replace("\r\n", "\n")).block, block);
             QCOMPARE(readBlockText(QString::fromLatin1(text).toUtf8()).block, block);
         }
-    }
 
-    // A malformed block is refused whole, with the reason that names what is wrong; texts
-    // that are no block of ours at all are told so, blanks around the mark still make a block.
-    void malformedAndForeignTexts() {
+        // A malformed block is refused whole, with the reason that names what is wrong; texts
+        // that are no block of ours at all are told so, blanks around the mark make a block.
         const QByteArray head = "VARNOK-BLOK 1 3 2\r\n";
         const QList<std::pair<QByteArray, QString>> malformed = {
             {head + "012\r\n", BlockTexts::missingRows(2, 1)},

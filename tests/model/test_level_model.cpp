@@ -93,8 +93,6 @@ class LevelModelTest : public QObject {
         };
         row("no file", QByteArray(), "nebyl nalezen");
         row("empty", "", "prázdný");
-        row("two lines", "1\r\n 34 \r\n", "tři řádky");
-        row("letters", "1\r\nabc\r\n 34 \r\n", "řádku 2 není celé číslo");
         row("two numbers", "1\r\n 34 \r\n 3 4\r\n", "řádku 3 není celé číslo");
         row("two signs", "1\r\n+-3\r\n 34 \r\n", "řádku 2 není celé číslo");
         row("beyond 64 bits", "1\r\n 34 \r\n 99999999999999999999999 \r\n", "řádku 3 je mimo");
@@ -219,8 +217,7 @@ class LevelModelTest : public QObject {
             _exit(wrong);
         }
         int status = -1;
-        QCOMPARE(waitpid(child, &status, 0), child);
-        QVERIFY(WIFEXITED(status));
+        QVERIFY(waitpid(child, &status, 0) == child && WIFEXITED(status));
         QCOMPARE(WEXITSTATUS(status), 0);
         for (std::size_t i = 0; i < Count; ++i) freeLargeBuffer(buffers[i], sizes[i]);
     }
