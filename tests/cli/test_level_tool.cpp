@@ -152,7 +152,7 @@ class LevelToolTest : public QObject {
         // Qt's own lines are Czech too, whatever the locale (the program runs with none).
         static const QRegularExpression english(
             "\\b(Usage|Options|Arguments|Displays|Unknown|Missing|Unexpected|option|value)\\b");
-        const auto entries = [&] {
+        const auto entries = [&] {  // no pipes nor devices: one that became a file shows
             return QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden);
         };
         const auto row = [&](const char* tag, const char* arguments, int code, const char* told) {
@@ -191,11 +191,6 @@ class LevelToolTest : public QObject {
             row("device", "render|úroveň ok.VRK|-o|na zařízení.png", 1, "ale znakové zařízení");
         for (const char* link : {"na rouru.png", "na zařízení.png"})
             QVERIFY(QFileInfo(dir.filePath(link)).isSymLink());
-        struct stat node {};
-        QVERIFY(!stat(QFile::encodeName(dir.filePath("roura")), &node) && S_ISFIFO(node.st_mode));
-        if (deviceMade)
-            QVERIFY(!stat(QFile::encodeName(dir.filePath("zařízení")), &node) &&
-                    S_ISCHR(node.st_mode));
     }
 };
 

@@ -69,7 +69,6 @@ bool X11Session::closeEditorWindow() {
     event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
     event.xclient.format = 32;
     event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
-    event.xclient.data.l[1] = CurrentTime;
     const Status sent = XSendEvent(display, event.xclient.window, False, NoEventMask, &event);
     XCloseDisplay(display);
     return sent != 0;
@@ -164,6 +163,12 @@ void X11Session::drag(QPoint from, QPoint to) {
 void X11Session::key(const QString& keys) {
     xdotool({"key", keys});
     QThread::msleep(200);
+}
+
+// Never twice at one place: a move that does not move would wait.
+void X11Session::keyInWindow(const QString& keys) {
+    clickInWindow({{150 + 10 * (++hintClicks % 2), 8}});
+    key(keys);
 }
 
 QString X11Session::messageText(const QString& title) {

@@ -49,6 +49,8 @@ class X11Session {
     void clickInWindow(std::initializer_list<QPoint> places);  // points of the client area
     void drag(QPoint from, QPoint to);
     void key(const QString& keys);
+    // Clicks the mouse hint, which gives the window the keys without a window manager; keys.
+    void keyInWindow(const QString& keys);
     bool run(const QString& program, const QStringList& arguments, QByteArray* output = nullptr);
     bool xdotool(const QStringList& arguments, QByteArray* output = nullptr) {
         return run("xdotool", arguments, output);
@@ -70,4 +72,5 @@ class X11Session {
     QProcessEnvironment environment;
     QProcess server, editor;
     QString mainWindow;
+    int hintClicks = 0;
 };
