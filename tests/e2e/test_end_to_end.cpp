@@ -26,7 +26,6 @@ class EndToEndTest : public QObject {
     Q_OBJECT
     std::optional<X11Session> x;
     std::optional<QTemporaryDir> folder;
-    std::optional<QTemporaryDir> state;  // where the recovery copies go
 
     // The sheet, and the level unless it is empty, in `dir`.
     void prepareFolder(const QDir& dir, const QByteArray& level = {},
@@ -41,8 +40,7 @@ class EndToEndTest : public QObject {
     }
     // Starts the editor in the case's folder, closes its help and makes its window 896 x 1150.
     bool openEditor(const QStringList& arguments = {}) {
-        if (!x->startEditor(VARNOK_EDITOR, folder->path(), arguments) || !x->closeBox("Nápověda"))
-            return false;
+        if (!x->startEditor(folder->path(), arguments) || !x->closeBox("Nápověda")) return false;
         x->resizeEditor(896, 1150);
         return true;
     }
@@ -74,9 +72,10 @@ class EndToEndTest : public QObject {
         const QByteArray before = bytesOf(level());
         return save() ? waitForFile(level(), before) : QByteArray();
     }
+    QString recovery() const { return x->home() + "/.local/state/varnok/recovery/"; }
     // The recovery copies, in recovery/ or a folder in it.
     QStringList copies(const QString& under = {}) const {
-        return QDir(state->filePath("varnok/recovery/" + under)).entryList({"*.VRK"}, QDir::Files);
+        return QDir(recovery() + under).entryList({"*.VRK"}, QDir::Files);
     }
     // Starts the editor again, which asks nothing (no box of this title) and runs on.
     void startsWithoutAsking(const QString& title) {
@@ -98,8 +97,6 @@ class EndToEndTest : public QObject {
     void init() {
         x.emplace();
         folder.emplace(QDir::tempPath() + "/Úrovně hry XXXXXX");
-        state.emplace();
-        x->setEditorVariable("XDG_STATE_HOME", state->path());
     }
 
     void paintAndSaveALevel() {
@@ -160,7 +157,7 @@ class EndToEndTest : public QObject {
     // The editor runs with no locale at all (see X11Session): its Czech texts are whole.
     void windowShowsItsColoursAndEveryPaletteEntry() {
         prepareFolder(folder->path());
-        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));  // a new 20 x 20 level
+        QVERIFY(x->startEditor(folder->path()));  // a new 20 x 20 level
         QVERIFY(x->messageText("Nápověda").startsWith("Nacházíte se v Editoru uživatelského"));
         QVERIFY(x->closeBox("Nápověda"));
         x->resizeEditor(1500, 2300);
@@ -236,7 +233,7 @@ class EndToEndTest : public QObject {
 
     void aLargeNewLevelIsEditedAndSavedInTheDesignWindow() {
         prepareFolder(folder->path());
-        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()) && x->closeBox("Nápověda"));
+        QVERIFY(x->startEditor(folder->path()) && x->closeBox("Nápověda"));
         const int menuTop = 641 - 169 - 10;  // the window keeps its design size, 896 x 641
         // Wheel notches down (xdotool's --sync waits for a real move); sideways with Shift held.
         auto wheel = [&](QPoint at, const char* notches, bool sideways = false) {
@@ -312,7 +309,7 @@ class EndToEndTest : public QObject {
     void startsThatFailOrFindAnotherEditorsWork() {
         // Started without a terminal (its standard error is no terminal here), as from the
         // desktop menu, the editor shows why it cannot use its path in a box, then ends with 1.
-        QVERIFY(x->launchEditor(VARNOK_EDITOR, folder->path(), {"nikde/hrad.vrk"}));
+        QVERIFY(x->launchEditor(folder->path(), {"nikde/hrad.vrk"}));
         QVERIFY(x->messageText("Varnok Editor").contains("/nikde neexistuje."));
         QVERIFY(x->closeBox("Varnok Editor"));
         QCOMPARE(x->editorExitCode(), 1);
@@ -322,7 +319,7 @@ class EndToEndTest : public QObject {
         QCOMPARE(copies().size(), 1);
 
         // No: the file's level stays, the copy goes to discarded/.
-        QVERIFY(x->startEditor(VARNOK_EDITOR, folder->path()));
+        QVERIFY(x->startEditor(folder->path()));
         QVERIFY(!x->boxShown(Recover));  // the help box comes first
         QVERIFY(x->closeBox("Nápověda"));
         QVERIFY(x->messageText(Recover).startsWith(
@@ -335,7 +332,7 @@ class EndToEndTest : public QObject {
 
         // Yes: the painted level, exactly as copied, as one step that Ctrl+Z takes back.
         paintAndKill();
-        const QByteArray painted = bytesOf(state->filePath("varnok/recovery/" + copies().value(0)));
+        const QByteArray painted = bytesOf(recovery() + copies().value(0));
         QCOMPARE(savedCell(painted, 5, 5), 25);  // the crate
         QVERIFY(openEditor());
         QVERIFY(x->closeBox(Recover));
@@ -354,7 +351,7 @@ class EndToEndTest : public QObject {
 
         // A second editor on the same file asks after its help box; No ends it.
         QProcess second;
-        QVERIFY(x->launchEditor(VARNOK_EDITOR, folder->path(), {}, &second));
+        QVERIFY(x->launchEditor(folder->path(), {}, &second));
         QVERIFY(x->closeBox("Nápověda"));
         QCOMPARE(x->messageText(OpenElsewhere),
                  QStringLiteral("Level level99.VRK už je otevřený v jiném okně editoru (proces "

@@ -47,9 +47,8 @@ bool X11Session::run(const QString& program, const QStringList& arguments, QByte
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-bool X11Session::startEditor(const QString& program, const QString& folder,
-                             const QStringList& arguments) {
-    if (!launchEditor(program, folder, arguments)) return false;
+bool X11Session::startEditor(const QString& folder, const QStringList& arguments) {
+    if (!launchEditor(folder, arguments)) return false;
     // The title names the level file when it is not level99.VRK of the starting folder.
     mainWindow = waitForWindowMatching("^VARNOK LEVEL EDITOR( — .+)?$");
     return !mainWindow.isEmpty();
@@ -74,8 +73,8 @@ bool X11Session::closeEditorWindow() {
     return sent != 0;
 }
 
-bool X11Session::launchEditor(const QString& program, const QString& folder,
-                              const QStringList& arguments, QProcess* another) {
+bool X11Session::launchEditor(const QString& folder, const QStringList& arguments,
+                              QProcess* another) {
     QProcessEnvironment editorEnvironment = environment;
     editorEnvironment.remove("LC_ALL");
     editorEnvironment.insert("ASAN_OPTIONS", "detect_leaks=0");
@@ -84,7 +83,7 @@ bool X11Session::launchEditor(const QString& program, const QString& folder,
     process.setProcessEnvironment(editorEnvironment);
     process.setWorkingDirectory(folder);
     process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(program, arguments);
+    process.start(VARNOK_EDITOR, arguments);
     return process.waitForStarted();
 }
 

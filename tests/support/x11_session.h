@@ -17,16 +17,12 @@ class X11Session {
     static bool waitUntil(int timeoutMs, const std::function<bool()>& done);
 
     // Starts the editor in `folder`, waits for its window.
-    bool startEditor(const QString& program, const QString& folder,
-                     const QStringList& arguments = {});
+    bool startEditor(const QString& folder, const QStringList& arguments = {});
     // Starts the editor as startEditor does, without waiting for any window; with `another`,
     // one more editor in that process, beside the one above.
-    bool launchEditor(const QString& program, const QString& folder,
-                      const QStringList& arguments = {}, QProcess* another = nullptr);
-    // Sets a variable of the editors' environment, for the editors started after.
-    void setEditorVariable(const QString& name, const QString& value) {
-        environment.insert(name, value);
-    }
+    bool launchEditor(const QString& folder, const QStringList& arguments = {},
+                      QProcess* another = nullptr);
+    QString home() const { return scratch.path(); }  // the editors' home folder
     // Asks the main window to close, as a window manager's close button does.
     bool closeEditorWindow();
     bool boxShown(const QString& title);
