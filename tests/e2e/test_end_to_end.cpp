@@ -18,7 +18,6 @@ int distance(QRgb a, QRgb b) {
 }
 
 const QString Recover = QStringLiteral("Obnovit level");
-const QString OpenElsewhere = QStringLiteral("Level je otevřený");
 
 }  // namespace
 
@@ -50,9 +49,8 @@ class EndToEndTest : public QObject {
         return x->closeBox("Uložit přes starý");
     }
     QString level() const { return folder->filePath("level99.VRK"); }
-    // The first cell of the level saved over a hero-only one of this side that is not what
-    // `expected(x, y)` says, beyond the new level's frame (any wall) and the hero at (7, 13);
-    // empty when none.
+    // The first cell saved over a hero-only level of this side that is not `expected(x, y)`,
+    // beyond the new level's frame (any wall) and the hero at (7, 13); empty when none.
     QString savedWrongly(int side, const std::function<int(int, int)>& expected) {
         const QByteArray saved = waitForFile(level(), levelFile(heroOnly, false, side));
         if (saved.count('\n') != 3 + side + 14) return "not saved";
@@ -353,7 +351,7 @@ class EndToEndTest : public QObject {
         QProcess second;
         QVERIFY(x->launchEditor(folder->path(), {}, &second));
         QVERIFY(x->closeBox("Nápověda"));
-        QCOMPARE(x->messageText(OpenElsewhere),
+        QCOMPARE(x->messageText("Level je otevřený"),
                  QStringLiteral("Level level99.VRK už je otevřený v jiném okně editoru (proces "
                                 "%1). Otevřít ho přesto?")
                      .arg(first));
@@ -365,7 +363,7 @@ class EndToEndTest : public QObject {
         // The first one killed, its lock is taken over without a word.
         QCOMPARE(::kill(pid_t(first), SIGKILL), 0);
         QCOMPARE(x->editorExitCode(), -1);
-        startsWithoutAsking(OpenElsewhere);
+        startsWithoutAsking("Level je otevřený");
     }
 };
 

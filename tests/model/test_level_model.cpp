@@ -51,7 +51,7 @@ class LevelModelTest : public QObject {
     QString path() const { return dir.filePath(LevelFileName); }
 
   private slots:
-    void rowLengthsDecideWhereTheGridEnds() {
+    void rowLengthsDecideWhereTheGridEndsAndBadHeadersAreRefused() {
         // A 4 x 3 level of walls: the rows read, whether the first row not read is warned about.
         const auto row = [](const char* name, QByteArray bytes, int rowsRead, bool warned) {
             // Read into a level that held other cells and a hero: none of them may show through.
@@ -76,10 +76,9 @@ class LevelModelTest : public QObject {
         row("short first row", levelFile(4, 3, {"111", "1111", "1111"}), 0, true);
         row("long second row", levelFile(4, 3, {"1111", "11111", "1111"}), 1, true);
         row("cut off in the last row", whole.chopped(5), 2, true);
-    }
 
-    void refusesABadHeaderAndKeepsTheLevel() {
-        const auto row = [&](const char* name, const QByteArray& bytes, const char* reason) {
+        // A header it cannot use is refused, the level read into kept whole.
+        const auto refused = [&](const char* name, const QByteArray& bytes, const char* reason) {
             QFile::remove(path());
             if (!bytes.isNull()) QVERIFY(writeFile(path(), bytes));  // none: no file at all
             Level level = filledLevel(5, 6, 25);
@@ -91,14 +90,14 @@ class LevelModelTest : public QObject {
             QCOMPARE(std::tuple(name, read.missing, encodeLevelFile(level) == kept, level.hero()),
                      std::tuple(name, bytes.isNull(), true, std::optional(QPoint(3, 0))));
         };
-        row("no file", QByteArray(), "nebyl nalezen");
-        row("empty", "", "prázdný");
-        row("two numbers", "1\r\n 34 \r\n 3 4\r\n", "řádku 3 není celé číslo");
-        row("two signs", "1\r\n+-3\r\n 34 \r\n", "řádku 2 není celé číslo");
-        row("beyond 64 bits", "1\r\n 34 \r\n 99999999999999999999999 \r\n", "řádku 3 je mimo");
-        row("below the border", "1\r\n 13 \r\n 34 \r\n", "řádku 2 je mimo");
-        row("one too many", "1\r\n 34 \r\n 1015 \r\n", "řádku 3 je mimo");
-        row("LF line ends", "1\n 34 \n 34 \n" + QByteArray(34, '0') + "\n", "konce řádků LF");
+        refused("no file", QByteArray(), "nebyl nalezen");
+        refused("empty", "", "prázdný");
+        refused("two numbers", "1\r\n 34 \r\n 3 4\r\n", "řádku 3 není celé číslo");
+        refused("two signs", "1\r\n+-3\r\n 34 \r\n", "řádku 2 není celé číslo");
+        refused("beyond 64 bits", "1\r\n 34 \r\n 99999999999999999999999 \r\n", "řádku 3 je mimo");
+        refused("below the border", "1\r\n 13 \r\n 34 \r\n", "řádku 2 je mimo");
+        refused("one too many", "1\r\n 34 \r\n 1015 \r\n", "řádku 3 je mimo");
+        refused("LF line ends", "1\n 34 \n 34 \n" + QByteArray(34, '0') + "\n", "konce řádků LF");
     }
 
     // A FIFO would block the open and a device never ends: both are refused before reading,
