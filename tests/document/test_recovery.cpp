@@ -33,7 +33,7 @@ class RecoveryTest : public QObject {
     }
 
   private slots:
-    void copiesSoonAndRemovesOnSaveAndClose() {
+    void copiesSoonAndRemovesOnSave() {
         document.newLevel(30, 30);
         auto keeper = keeperOf(level, state);
         keeper->startKeeping();
@@ -60,10 +60,6 @@ class RecoveryTest : public QObject {
         keeper->levelSaved();
         keeper->waitForWrites();
         QVERIFY(!QFile::exists(copy));
-        document.floodFill(QPoint(10, 10), 26);
-        QTRY_VERIFY(QFile::exists(copy));
-        keeper.reset();  // the window closed
-        QCOMPARE(QDir(state).entryList(QDir::Files), QStringList());
     }
 
     void writerUnderFaults() {
