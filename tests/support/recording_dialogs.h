@@ -8,9 +8,8 @@
 #include <deque>
 
 // Records every message box as "style|title|prompt" ("error|hourglass|prompt" for a stop box
-// shown under the hourglass) and every file dialog as
-// "open|folder|recent files" or "save|...", answers questions from a script (Yes when the
-// script has run out) and file dialogs from another (cancelled when it has run out).
+// under the hourglass) and every file dialog as "open|folder|recent files" or "save|...";
+// answers questions from a script (then Yes) and file dialogs from another (then cancelled).
 class RecordingDialogs : public Dialogs {
   public:
     QStringList shown;

@@ -114,7 +114,6 @@ class LargeLevelsTest : public QObject {
     // Zoom keys keep to a level's steps; New keeps the step, clamped, and its undo the map.
     void zoomKeysStayWithinTheLevelsSteps() {
         Editor editor;
-        editor.window.resize(896, 641);
         editor.window.show();
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
         editor.newLevel("300", "300");

@@ -106,8 +106,6 @@ class LevelFilesTest : public QObject {
         const QString cellar = others.filePath("cellar.VRK");
         QCOMPARE(saveAs(others.filePath("cellar")),
                  "save|" + editor.folder.path() + "|" + editor.path(LevelFileName));
-        QCOMPARE(bytesOf(cellar), encodeLevelFile(editor.level));
-        QCOMPARE(editor.window.windowTitle(), Title + " — cellar.VRK");
 
         editor.document.applyTool(8, 8, 25);
         QCOMPARE(saveAs(cellar, {false}),
