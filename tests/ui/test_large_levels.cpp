@@ -111,8 +111,9 @@ class LargeLevelsTest : public QObject {
             QCOMPARE(shown(part).copy(part), image.copy(part));
     }
 
-    // Zoom keys keep to a level's steps; New keeps the step, clamped, and its undo the map.
-    void zoomKeysStayWithinTheLevelsSteps() {
+    // Zoom keys keep to a level's steps; New keeps the step, clamped, and its undo the map. The
+    // wheel moves the map and the palette within their ends.
+    void zoomKeysAndWheelStayWithinTheirEnds() {
         Editor editor;
         editor.window.show();
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
@@ -136,13 +137,9 @@ class LargeLevelsTest : public QObject {
         editor.document.undo();  // back to 300 x 300, shown at 32 pixels a cell
         const Placement map = viewport->mapPlacement();
         QCOMPARE(std::pair(map.left, map.top), std::pair(-320.0f, -640.0f));
-    }
 
-    void wheelMovesTheMapAndThePaletteWithinTheirEnds() {
-        Editor editor;
-        editor.window.show();
+        zoomedBy(Qt::Key_0);
         editor.newLevel("100", "50");
-        MapViewport* viewport = editor.viewport;
         const QSize view = viewport->contentsRect().size();
         const auto mapAfter = [&](int angle, Qt::KeyboardModifiers keys = Qt::NoModifier) {
             turnWheel(viewport, angle, keys);
