@@ -31,12 +31,6 @@ static void writeRandomLevel(const QString& file, QRandomGenerator& random,
     QVERIFY(writeLevelFile(level, file).ok());
 }
 
-// Opens such a level; once the document has a level, as a step of the history.
-static void openRandomLevel(LevelDocument& document, QRandomGenerator& random, bool recorded) {
-    writeRandomLevel(document.levelFile(), random);
-    QVERIFY(document.open(recorded ? std::optional(LevelView{}) : std::nullopt).ok());
-}
-
 // A step that only holds a size (another once undone) and logs its undos and redos.
 struct SizedStep : HistoryStep {
     SizedStep(int name, std::size_t size, std::size_t undoneSize, QString& log)
@@ -86,7 +80,8 @@ class HistoryTest : public QObject {
         QTemporaryDir folder;
         for (int round = 0; round < 40; ++round) {
             LevelDocument document{QDir(folder.path())};
-            openRandomLevel(document, random, false);
+            writeRandomLevel(document.levelFile(), random);
+            QVERIFY(document.open().ok());
             const std::size_t limit = round % 4 == 3 ? 6000 : HistoryByteLimit;  // oldest go
             document.setHistoryLimit(limit);
             std::map<int, Shown> afterStep{{0, shown(document)}};
@@ -97,9 +92,10 @@ class HistoryTest : public QObject {
                     return QPoint(inside(document.level().width()),
                                   inside(document.level().height()));
                 };
-                if (kind == 0)
-                    openRandomLevel(document, random, true);
-                else if (kind == 1)
+                if (kind == 0) {  // an Open, a step of the history
+                    writeRandomLevel(document.levelFile(), random);
+                    QVERIFY(document.open(LevelView{}).ok());
+                } else if (kind == 1)
                     document.fillRectangle(cell(), cell(), tool());
                 else if (kind == 2)
                     document.floodFill(cell(), tool());

@@ -8,11 +8,6 @@
 
 namespace {
 const QString Title = QStringLiteral("VARNOK LEVEL EDITOR");
-
-bool magenta(const SpriteSheet& sheet) {
-    const QRgb pixel = sheet.image().pixel(100, 100);
-    return qRed(pixel) > 200 && qGreen(pixel) < 60 && qBlue(pixel) > 200;
-}
 }  // namespace
 
 // Ctrl+Shift+O and Ctrl+Shift+S with a recording file dialog, remembering in a folder of its own.
@@ -43,25 +38,25 @@ class LevelFilesTest : public QObject {
         const QString start = editor.path(LevelFileName);
         const QString castle = others.filePath("castle.vrk");
         writeLevel(castle, {30, 30}, {5, 5}, HeroCode);
-        QImage sheet(640, 896, QImage::Format_RGB32);
-        sheet.fill(qRgb(255, 0, 255));
+        QImage sheet(320, 448, QImage::Format_RGB32);  // cells of 32 pixels, not 64
+        sheet.fill(Qt::magenta);
         QVERIFY(sheet.save(others.filePath(SpriteSheetFileName), "JPG"));
 
-        // The level's width, its file, the window's title, whether the castle's sheet is used.
+        // The level's width, its file, the window's title, the sheet's cell size.
         const auto shown = [&] {
             return std::tuple(editor.level.width(), editor.document.levelFile(),
-                              editor.window.windowTitle(), magenta(editor.document.sheet()));
+                              editor.window.windowTitle(), editor.document.sheet().cellSize());
         };
         editor.dialogs.fileNames = {castle};
         key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(editor.dialogs.shown.last(), "open|" + editor.folder.path() + "|" + start);
-        QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", true));
+        QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", QSize(32, 32)));
         QCOMPARE(recent.files(), QStringList({castle, start}));
         key(Qt::Key_Z);
-        QCOMPARE(shown(), std::tuple(25, start, Title, false));
+        QCOMPARE(shown(), std::tuple(25, start, Title, QSize(64, 64)));
         QCOMPARE(recent.files(), QStringList({start, castle}));
         key(Qt::Key_Y);
-        QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", true));
+        QCOMPARE(shown(), std::tuple(30, castle, Title + " — castle.vrk", QSize(32, 32)));
 
         QVERIFY(QFile::remove(castle));
         key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);  // cancelled
