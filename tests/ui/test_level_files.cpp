@@ -63,10 +63,11 @@ class LevelFilesTest : public QObject {
         QCOMPARE(editor.dialogs.shown.last(), "open|" + others.path() + "|" + start);
     }
 
-    // A folder, a file that is not there: told, nothing changes.
-    void refusedFilesChangeNothing() {
+    // Opened, a folder or a file that is not there is told and changes nothing. Saved under
+    // another name: the question only over an existing file, the hero check, ".VRK" added.
+    void refusedOpensAndSavesUnderAnotherName() {
         Editor editor;
-        RecentFiles recent(config.filePath("refused.conf"));
+        RecentFiles recent(config.filePath("recent.conf"));
         startEditor(editor, recent);
         QVERIFY(QDir(others.path()).mkpath("folder.vrk"));
         editor.document.applyTool(8, 8, 25);
@@ -85,13 +86,7 @@ class LevelFilesTest : public QObject {
             QCOMPARE(editor.window.windowTitle(), Title);
             QCOMPARE(recent.files(), QStringList{editor.path(LevelFileName)});
         }
-    }
 
-    // Save's question only over an existing file, its hero check, ".VRK" for a bare name.
-    void saveUnderAnotherName() {
-        Editor editor;
-        RecentFiles recent(config.filePath("saved.conf"));
-        startEditor(editor, recent);
         const auto saveAs = [&](const QString& typed, std::deque<bool> answers = {}) {
             editor.dialogs.fileNames = {typed};
             editor.dialogs.answers = std::move(answers);
@@ -102,7 +97,7 @@ class LevelFilesTest : public QObject {
         QCOMPARE(saveAs(others.filePath("cellar")),
                  "save|" + editor.folder.path() + "|" + editor.path(LevelFileName));
 
-        editor.document.applyTool(8, 8, 25);
+        editor.document.applyTool(9, 9, 25);
         QCOMPARE(saveAs(cellar, {false}),
                  "question|" + EditorTexts::SaveTitle + "|" + EditorTexts::SaveQuestion);
         QVERIFY(bytesOf(cellar) != encodeLevelFile(editor.level));
