@@ -31,13 +31,12 @@ class WindowTest : public QObject {
     void layoutFollowsTheWindowAndTheMinimap() {
         Editor editor;
         QCOMPARE(editor.window.size(), QSize(896, 641));
-        auto* minimap = editor.part<MinimapView>("minimapSurface");
         auto* menu = editor.part<LevelMenu>("levelMenu");
         auto* palette = editor.part<ToolStrip>("toolStripViewport");
         editor.window.show();
         editor.window.newLevel();  // a 20 x 20 level: minimap 120 x 120 at (10, 17)
         editor.window.resize(900, 640);
-        COMPARE_NEAR(minimap->placement(), 10, 17, 120, 120);
+        COMPARE_NEAR(editor.part<MinimapView>("minimapSurface")->placement(), 10, 17, 120, 120);
         COMPARE_NEAR(menu->placement(), 10, 461.2f, 120, 168.8f);
         COMPARE_NEAR(palette->placement(), 10, 147, 120, 304.2f);
         COMPARE_NEAR(palette->stripPlacement(), 0, 8, 120, 1888);
