@@ -32,9 +32,8 @@ int arms(int code) {
     return isWallPiece(code) ? wallKey(armsOfPiece(code)) : -1 - code;
 }
 
-// The wall tool's paste: the codes written as they are, then each cell on the block's edge
-// painted one by one, a wall with the wall tool, any other with a tool that paints nothing
-// but re-joins the walls beside it.
+// The wall tool's paste: the codes written, then the block's edge painted cell by cell, a wall
+// with the wall tool, any other with a tool that paints nothing but re-joins walls beside it.
 Level pastedByTheWallTool(const Level& before, const LevelBlock& block, QPoint at, QRect cells) {
     Level level = before;
     LevelRenderer renderer(level);
@@ -60,10 +59,9 @@ class BlocksTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // On random levels: copy here, paste there (at times past the frame): the block's codes
-    // inside, the walls on its edge and round it as the wall tool joins them, one hero. Then
-    // cut and paste back at the same place: the level comes back but for re-joined walls on
-    // the edge or round it. Each edit is one step, undo and redo give back each level exactly.
+    // Copy here, paste there (at times past the frame): the codes inside, walls on the edge as
+    // the wall tool joins them, one hero. Cut and pasted back, the level returns but for walls
+    // re-joined round the edge. Each edit one step, undone and redone exactly.
     void copyCutAndPasteAsTheWallToolWould() {
         QRandomGenerator random(24);
         QTemporaryDir folder;

@@ -11,26 +11,24 @@
 #include <algorithm>
 
 // Writes the level file with a level of random codes (some without a picture, or in some
-// levels only codes with a dot colour of their own).
-static void writeRandomLevel(const QString& file, QRandomGenerator& random) {
+// levels only codes with a dot colour of their own), and maybe one without in cell (0, 0).
+static void writeRandomLevel(const QString& file, QRandomGenerator& random,
+                             bool uncolouredFirst = false) {
     Level level;
     level.reset(random.bounded(3, 30), random.bounded(3, 30));
     const int codes = random.bounded(4) ? SheetCellCount : SheetCellCount + 1;
     const bool coloured = random.bounded(3) == 0;
+    const auto& own = ownDotColours();
     for (int y = 0; y < level.height(); ++y)
         for (int x = 0; x < level.width(); ++x) {
             const int code = random.bounded(codes);
             if (random.bounded(3) == 0 &&
-                (!coloured || (hasPicture(code) && ownDotColours()[code] != NoOwnColour)))
+                (!coloured || (hasPicture(code) && own[std::size_t(code)] != NoOwnColour)))
                 level.setCell(x, y, qint16(code));
         }
+    if (uncolouredFirst)
+        level.setCell(0, 0, qint16(std::find(own.begin(), own.end(), NoOwnColour) - own.begin()));
     QVERIFY(writeLevelFile(level, file).ok());
-}
-
-// Opens such a level; once the document has a level, as a step of the history.
-static void openRandomLevel(LevelDocument& document, QRandomGenerator& random, bool recorded) {
-    writeRandomLevel(document.levelFile(), random);
-    QVERIFY(document.open(recorded ? std::optional(LevelView{}) : std::nullopt).ok());
 }
 
 // A step that only holds a size (another once undone) and logs its undos and redos.
@@ -75,15 +73,15 @@ class HistoryTest : public QObject {
         QCOMPARE(log, QStringLiteral("u4 u3 u6 u5 r5 "));
     }
 
-    // Strokes, rectangle and flood fills of every tool, undos inside strokes and Opens; also
-    // under a small history limit.
+    // Strokes, fills of every tool, undos inside strokes and Opens; also under a small limit.
     void undoAndRedoGiveBackEachStepExactly() {
         QRandomGenerator random(16);
         const auto inside = [&](int side) { return random.bounded(2, std::max(3, side - 2)); };
         QTemporaryDir folder;
         for (int round = 0; round < 40; ++round) {
             LevelDocument document{QDir(folder.path())};
-            openRandomLevel(document, random, false);
+            writeRandomLevel(document.levelFile(), random);
+            QVERIFY(document.open().ok());
             const std::size_t limit = round % 4 == 3 ? 6000 : HistoryByteLimit;  // oldest go
             document.setHistoryLimit(limit);
             std::map<int, Shown> afterStep{{0, shown(document)}};
@@ -94,9 +92,10 @@ class HistoryTest : public QObject {
                     return QPoint(inside(document.level().width()),
                                   inside(document.level().height()));
                 };
-                if (kind == 0)
-                    openRandomLevel(document, random, true);
-                else if (kind == 1)
+                if (kind == 0) {  // an Open, a step of the history
+                    writeRandomLevel(document.levelFile(), random);
+                    QVERIFY(document.open(LevelView{}).ok());
+                } else if (kind == 1)
                     document.fillRectangle(cell(), cell(), tool());
                 else if (kind == 2)
                     document.floodFill(cell(), tool());
@@ -124,8 +123,7 @@ class HistoryTest : public QObject {
                     QCOMPARE(difference(passed.back(), afterStep[document.history().index()]),
                              QString());
             }
-            // Redoing passes them again backwards, as far as the steps kept reach: under the
-            // small limit the last ones were dropped.
+            // Redoing passes them again backwards, as far as the steps kept reach.
             for (std::size_t back = passed.size() - 1; document.history().canRedo();) {
                 document.redo();
                 QVERIFY(back > 0);
@@ -136,9 +134,8 @@ class HistoryTest : public QObject {
         }
     }
 
-    // Open in two halves, the file read and drawn on a thread of its own, shows and tells what
-    // Open shows, wall generator included: also when walls were drawn between the halves, and
-    // when the file is refused. Undone and redone, both give back the same levels.
+    // Open in two halves, read and drawn on a thread, shows and tells what Open does, walls
+    // drawn between the halves or the file refused; undone and redone, the same levels.
     void preparedOpenShowsWhatOpenShows() {
         QRandomGenerator random(25);
         QTemporaryDir folder;
@@ -147,8 +144,7 @@ class HistoryTest : public QObject {
             LevelDocument halves{QDir(folder.path())};
             writeRandomLevel(serial.levelFile(), random);
             QVERIFY(serial.open().ok() && halves.open().ok());
-            // Three walls in a row draw a straight piece; any other tool may change the
-            // minimap's drawing colour alone.
+            // Three walls draw a straight piece; another tool may change the drawing colour alone.
             const auto bothApply = [&](int tool = WallToolCode) {
                 const QPoint at(random.bounded(2, 10), random.bounded(2, 10));
                 for (LevelDocument* document : {&serial, &halves})
@@ -156,15 +152,8 @@ class HistoryTest : public QObject {
                         document->applyTool(x, at.y(), tool);
             };
             if (round % 2) bothApply();
-            writeRandomLevel(serial.levelFile(), random);
-            if (round % 3 == 1) {  // the first dot takes the drawing colour of the moment
-                Level level;
-                QVERIFY(readLevelFile(level, serial.levelFile()).ok());
-                const auto& own = ownDotColours();
-                level.setCell(0, 0,
-                              qint16(std::find(own.begin(), own.end(), NoOwnColour) - own.begin()));
-                QVERIFY(writeLevelFile(level, serial.levelFile()).ok());
-            }
+            // In (0, 0), the first dot takes the drawing colour of the moment.
+            writeRandomLevel(serial.levelFile(), random, round % 3 == 1);
             if (round % 7 == 6) QFile(serial.levelFile()).resize(4);  // refused: no grid line
             std::future<PreparedLevel> preparing = halves.prepareOpen();
             if (round % 3 == 2) bothApply();  // the prepared drawing no longer fits

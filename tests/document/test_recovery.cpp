@@ -13,10 +13,9 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utime.h>
 
-namespace {
-constexpr qint64 GoneProcess = 99999999;  // above any pid the kernel hands out
-}  // namespace
+static constexpr qint64 GoneProcess = 99999999;  // above any pid the kernel hands out
 
 class RecoveryTest : public QObject {
     Q_OBJECT
@@ -33,7 +32,7 @@ class RecoveryTest : public QObject {
     }
 
   private slots:
-    void copiesSoonAndRemovesOnSaveAndClose() {
+    void copiesSoonAndRemovesOnSave() {
         document.newLevel(30, 30);
         auto keeper = keeperOf(level, state);
         keeper->startKeeping();
@@ -60,10 +59,6 @@ class RecoveryTest : public QObject {
         keeper->levelSaved();
         keeper->waitForWrites();
         QVERIFY(!QFile::exists(copy));
-        document.floodFill(QPoint(10, 10), 26);
-        QTRY_VERIFY(QFile::exists(copy));
-        keeper.reset();  // the window closed
-        QCOMPARE(QDir(state).entryList(QDir::Files), QStringList());
     }
 
     void writerUnderFaults() {
@@ -122,11 +117,9 @@ class RecoveryTest : public QObject {
         // Kept a week from being set aside, removed at a later start.
         const QStringList discarded = QDir(state + "/discarded").entryList(QDir::Files);
         QCOMPARE(discarded.size(), 2);
-        QFile aged(state + "/discarded/" + discarded.first());
-        QVERIFY(aged.open(QIODevice::ReadWrite));
-        QVERIFY(aged.setFileTime(QDateTime::currentDateTime().addDays(-8),
-                                 QFileDevice::FileModificationTime));
-        aged.close();
+        const time_t weekAgo = time_t(QDateTime::currentDateTime().addDays(-8).toSecsSinceEpoch());
+        const utimbuf aged{weekAgo, weekAgo};
+        QCOMPARE(utime(QFile::encodeName(state + "/discarded/" + discarded.first()), &aged), 0);
         RecoveryKeeper laterStart(document, state);
         QCOMPARE(QDir(state + "/discarded").entryList(QDir::Files), discarded.mid(1));
     }

@@ -43,8 +43,7 @@ class PropertyTest : public QObject {
         }
     }
 
-    // The whole-grid repaint over a painted level leaves what painting cell by cell, column
-    // by column leaves on new canvases; it knows whether they show the grid.
+    // The whole-grid repaint leaves what painting cell by cell, column by column, leaves.
     void wholeGridRepaintMatchesCellByCell() {
         QRandomGenerator random(99);
         const int codes[] = {0, 0, 0, 1, 17, 25, 30, 114, 124, 134, 136, 139, 139, -3, 140, 207};
@@ -83,9 +82,8 @@ class PropertyTest : public QObject {
             QVERIFY(!whole.sprites().showsGrid());
         }
     }
-    // A rectangle or flood fill leaves the grid that applying the same tool to the same cells
-    // one by one leaves, but for which straight or joined piece each wall drew; the flood's
-    // cells are those a plain search finds.
+    // A rectangle or flood fill leaves what the tool applied to its cells one by one leaves, but
+    // for which look each wall drew; its cells are those a plain search finds.
     void areaFillsMatchPaintingCellByCell() {
         const auto tools = paletteTools();
         const int fillTools[] = {FloorCode, WallToolCode, 23, 124, 138};
@@ -98,8 +96,7 @@ class PropertyTest : public QObject {
                 LevelRenderer renderer(level);
                 QVERIFY(renderer.repaintGrid());
                 renderer.drawFrame(WallToolCode);
-                // Mostly walls and floor, so regions of both are large; some edits miss the
-                // level. The canvases follow every edit.
+                // Mostly walls and floor, for large regions; some edits miss the level.
                 for (int edit = 0; edit < w * h; ++edit) {
                     const int pick = random.bounded(10);
                     const int tool = pick < 4   ? WallToolCode
@@ -121,34 +118,26 @@ class PropertyTest : public QObject {
             const QPoint b(random.bounded(0, w), random.bounded(0, h));
             const bool flood = round % 2 == 0;
             const CellRegion region = flood ? floodRegion(level, a) : rectangleRegion(level, a, b);
-            if (flood) {
-                // The same kind (a wall: any wall piece), reached through four neighbours.
-                const int kind = level.cell(a.x(), a.y());
-                std::set<std::pair<int, int>> found;
-                const std::function<void(int, int)> grow = [&](int x, int y) {
-                    const int c = isInsideFrame(level, x, y) ? level.cell(x, y) : -1;
-                    if (c >= 0 && (isWallPiece(kind) ? isWallPiece(c) : c == kind) &&
-                        found.insert({x, y}).second)
-                        grow(x + 1, y), grow(x - 1, y), grow(x, y + 1), grow(x, y - 1);
-                };
-                grow(a.x(), a.y());
-                QCOMPARE(region.count(), int(found.size()));
-                for (const auto& [x, y] : found) QVERIFY(region.contains(x, y));
-            } else {  // both corners belong, whichever way the drag went
-                int inside = 0;
-                for (int y = std::min(a.y(), b.y()); y <= std::max(a.y(), b.y()); ++y)
-                    for (int x = std::min(a.x(), b.x()); x <= std::max(a.x(), b.x()); ++x)
-                        if (isInsideFrame(level, x, y)) {
-                            QVERIFY(region.contains(x, y));
-                            ++inside;
-                        }
-                QCOMPARE(region.count(), inside);
-            }
+            // The flood's cells: those of its kind (a wall: any wall piece) reached through four
+            // neighbours; the rectangle's: both corners belong, whichever way the drag went.
+            std::set<std::pair<int, int>> found;
+            const int kind = level.cell(a.x(), a.y());
+            const std::function<void(int, int)> grow = [&](int x, int y) {
+                const int c = isInsideFrame(level, x, y) ? level.cell(x, y) : -1;
+                if (c >= 0 && (isWallPiece(kind) ? isWallPiece(c) : c == kind) &&
+                    found.insert({x, y}).second)
+                    grow(x + 1, y), grow(x - 1, y), grow(x, y + 1), grow(x, y - 1);
+            };
+            if (flood) grow(a.x(), a.y());
+            for (int y = std::min(a.y(), b.y()); !flood && y <= std::max(a.y(), b.y()); ++y)
+                for (int x = std::min(a.x(), b.x()); x <= std::max(a.x(), b.x()); ++x)
+                    if (isInsideFrame(level, x, y)) found.insert({x, y});
+            QCOMPARE(region.count(), int(found.size()));
+            for (const auto& [x, y] : found) QVERIFY(region.contains(x, y));
             const int tool = fillTools[random.bounded(int(std::size(fillTools)))];
             Level filled = level, oneByOne = level;
             LevelRenderer fillRenderer(filled), cellRenderer(oneByOne);
-            QVERIFY(fillRenderer.repaintGrid());
-            QVERIFY(cellRenderer.repaintGrid());
+            QVERIFY(fillRenderer.repaintGrid() && cellRenderer.repaintGrid());
             AreaPainter(filled, fillRenderer.sprites(), fillRenderer.tools()).fill(region, tool, a);
             region.forEachCell([&](int x, int y) { cellRenderer.tools().applyTool(x, y, tool); });
             for (int y = 0; y <= h; ++y)

@@ -92,16 +92,13 @@ class RenderTest : public QObject {
 
     // Every straight piece of the frame is drawn at random, so this pins the generator too.
     void theFrameIsDrawnAsPredicted() {
-        for (QSize size : {QSize(20, 20), QSize(20, 13), QSize(3, 3)}) {
-            const int w = size.width(), h = size.height();
+        for (const auto& [w, h] : {std::pair(20, 20), {20, 13}, {3, 3}}) {
             Fixture f(w, h);
             f.renderer.drawFrame(WallToolCode);
             const auto frame = predictedFrame(w, h);
             for (int y = 0; y <= h; ++y)
-                for (int x = 0; x <= w; ++x) {
-                    const auto piece = frame.find({x, y});
-                    QCOMPARE(f.level.cell(x, y), piece == frame.end() ? 0 : piece->second);
-                }
+                for (int x = 0; x <= w; ++x)
+                    QCOMPARE(f.level.cell(x, y), frame.count({x, y}) ? frame.at({x, y}) : 0);
         }
     }
 
@@ -154,16 +151,14 @@ class RenderTest : public QObject {
                              ? f.renderer.minimap().dotAt((px + 3) / 6, (py + 3) / 6)
                              : QColor(Qt::magenta).rgb());
         // A code without a colour of its own keeps the colour last drawn.
-        MinimapCanvas& minimap = f.renderer.minimap();
         for (auto [code, colour] : {std::pair{1, qRgb(0, 0, 0)}, {0, MinimapBackground}}) {
-            plotMinimapCell(minimap, 2, 2, code);
-            plotMinimapCell(minimap, 3, 3, 139);
-            QCOMPARE(minimap.dotAt(3, 3), colour);
+            plotMinimapCell(f.renderer.minimap(), 2, 2, code);
+            plotMinimapCell(f.renderer.minimap(), 3, 3, 139);
+            QCOMPARE(f.renderer.minimap().dotAt(3, 3), colour);
         }
     }
 
-    // Zoomed out, every exposed pixel is its cell's tile pixel, also in cells cut by the
-    // exposed part's edges; a cell's tile is its sheet cell made smaller.
+    // Zoomed out, every exposed pixel is its cell's tile pixel, also in cells cut at the edges.
     void zoomedMapShowsEachCellsTile() {
         Fixture f(9, 7);
         for (int y = 0; y < 7; ++y)  // neighbours differ; (4, 3) stays cleared
@@ -180,8 +175,7 @@ class RenderTest : public QObject {
             const int c = tileSizeAt(step);
             const QImage& tiles = zoomed.at(step);
             QCOMPARE(qBlue(tiles.pixel(5 * c + c / 2, 2 * c + c / 2)), 25);  // cell 25
-            // Cells cut on the left, on the right or at the top; beyond the surface on the
-            // right or below; first and last rows odd or even.
+            // Cut left, right or at the top; past the surface right or below; rows odd or even.
             for (const QRect exposed : {QRect(QPoint(c + 1, c / 2), QPoint(9 * c - 2, 7 * c + 3)),
                                         QRect(QPoint(1, 1), QPoint(9 * c + 4, 7 * c - 2))}) {
                 QImage image(9 * c + 5, 7 * c + 5, QImage::Format_RGB32);
@@ -204,8 +198,7 @@ class RenderTest : public QObject {
             }
         }
     }
-    // A block's picture is the largest zoom step within 2048 pixels a side, and each of its
-    // cells shows the sheet cell of its code (grey for a code without a picture).
+    // A block's picture: the largest zoom step within 2048 pixels, each cell its code's picture.
     void blockPictureShowsEachCell() {
         const int steps[][3] = {{1, 1, 0},  {32, 5, 0},     {5, 33, 1}, {64, 64, 1},
                                 {65, 2, 2}, {1000, 1000, 5}};  // 32 x 5: just 2048 wide

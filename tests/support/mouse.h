@@ -15,8 +15,7 @@
 
 // Driving the editor window: real mouse events, and a window whose parts are found by name.
 
-// Sends a real mouse event to a widget: `button` is the one pressed (none for a move),
-// `held` every button held down.
+// A real mouse event: `button` the one pressed (none for a move), `held` all held down.
 inline void sendMouse(QWidget* widget, QEvent::Type type, QPointF at, Qt::MouseButton button,
                       Qt::MouseButtons held, Qt::KeyboardModifiers keys = Qt::NoModifier) {
     QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, keys);

@@ -8,9 +8,8 @@
 #include <deque>
 
 // Records every message box as "style|title|prompt" ("error|hourglass|prompt" for a stop box
-// shown under the hourglass) and every file dialog as
-// "open|folder|recent files" or "save|...", answers questions from a script (Yes when the
-// script has run out) and file dialogs from another (cancelled when it has run out).
+// under the hourglass) and every file dialog as "open|folder|recent files" or "save|...";
+// answers questions from a script (then Yes) and file dialogs from another (then cancelled).
 class RecordingDialogs : public Dialogs {
   public:
     QStringList shown;
@@ -19,10 +18,7 @@ class RecordingDialogs : public Dialogs {
 
     bool question(const QString& prompt, const QString& title) override {
         shown << "question|" + title + "|" + prompt;
-        if (answers.empty()) return true;
-        const bool answer = answers.front();
-        answers.pop_front();
-        return answer;
+        return next(answers, true);
     }
     void warning(const QString& prompt, const QString& title) override {
         shown << "warning|" + title + "|" + prompt;
@@ -34,18 +30,20 @@ class RecordingDialogs : public Dialogs {
         shown << (QApplication::overrideCursor() ? "error|hourglass|" : "error||") + prompt;
     }
     QString levelFileToOpen(const QString& folder, const QStringList& recent) override {
-        return chooseFile("open", folder, recent);
+        shown << "open|" + folder + "|" + recent.join(',');
+        return next(fileNames, QString());
     }
     QString levelFileToSave(const QString& folder, const QStringList& recent) override {
-        return chooseFile("save", folder, recent);
+        shown << "save|" + folder + "|" + recent.join(',');
+        return next(fileNames, QString());
     }
 
   private:
-    QString chooseFile(const QString& mode, const QString& folder, const QStringList& recent) {
-        shown << mode + "|" + folder + "|" + recent.join(',');
-        if (fileNames.empty()) return {};
-        QString name = fileNames.front();
-        fileNames.pop_front();
-        return name;
+    template <typename T>
+    static T next(std::deque<T>& script, T otherwise) {
+        if (script.empty()) return otherwise;
+        T first = script.front();
+        script.pop_front();
+        return first;
     }
 };

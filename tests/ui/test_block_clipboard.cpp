@@ -10,9 +10,8 @@ class BlockClipboardTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // A block put by one editor is taken by another, whichever of its forms reaches it; the
-    // picture goes along for other programs. Anything else is nothing of ours, and the private
-    // form wins over the plain text (what the texts say is the block reader's).
+    // A block put by one editor is taken by another in either form, its picture along; anything
+    // else is not ours, and the private form wins over the plain text.
     void blocksTravelAndOtherContentIsNotTaken() {
         const LevelBlock block{4, 2, {0, 1, 135, 139, 114, 23, 124, 80}};
         QImage picture(256, 128, QImage::Format_RGB32);

@@ -20,63 +20,59 @@ class LargeLevelsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void controlsStayClearOfEachOther_data() {
-        QTest::addColumn<QSize>("level");
-        QTest::addColumn<QSizeF>("minimap");
-        QTest::newRow("3 x 3") << QSize(3, 3) << QSizeF(18, 18);
-        QTest::newRow("41 x 41") << QSize(41, 41) << QSizeF(240, 240);
-        QTest::newRow("20 x 200") << QSize(20, 200) << QSizeF(24, 240);
-        QTest::newRow("1000 x 500") << QSize(1000, 500) << QSizeF(240, 120);
-        QTest::newRow("1000 x 3") << QSize(1000, 3) << QSizeF(240, 12);  // the short side stretched
-        QTest::newRow("3 x 1000") << QSize(3, 1000) << QSizeF(12, 240);
-        // Shown 102.86 pixels high: the last pixel row, partly covered, shows the frame.
-        QTest::newRow("700 x 300") << QSize(700, 300) << QSizeF(240, double(1800.0f * 2 / 35));
-    }
     void controlsStayClearOfEachOther() {
-        QFETCH(QSize, level);
-        QFETCH(QSizeF, minimap);
-        Editor editor;
-        editor.window.show();
-        editor.newLevel(QString::number(level.width()), QString::number(level.height()));
-        auto* minimapView = editor.part<MinimapView>("minimapSurface");
-        QCOMPARE(minimapView->placement(),
-                 (Placement{10, 17, float(minimap.width()), float(minimap.height())}));
-        // As wide as the minimap; a shrunk one's at least as wide as a 20-column level's.
-        const bool shrunk = std::max(level.width(), level.height()) > 40;
-        const auto column = float(shrunk ? std::max(minimap.width(), 120.0) : minimap.width());
-        if (shrunk) {  // the frame's bottom wall shows, also on a partly covered pixel row
-            const QImage shown = minimapView->grab().toImage();
-            const MinimapScale scale = minimapScaleFor(level.width(), level.height());
-            const QPoint wall(int(scale.across.toShown(float(6 * (level.width() / 2)))),
-                              int(scale.down.toShown(float(6 * (level.height() - 2)))));
-            QVERIFY(qGray(shown.pixel(wall)) < qGray(MinimapBackground));
-        }
-        QCOMPARE(editor.part<LevelMenu>("levelMenu")->placement().width, column);
-        QCOMPARE(editor.viewport->placement().left, column + 20);
-        QVERIFY(editor.part<ToolStrip>("toolStripViewport")->placement().height > 0);
+        for (const auto& [level, minimap] :
+             {std::pair(QSize(3, 3), QSizeF(18, 18)),
+              {QSize(41, 41), QSizeF(240, 240)},
+              {QSize(20, 200), QSizeF(24, 240)},
+              {QSize(1000, 500), QSizeF(240, 120)},
+              {QSize(1000, 3), QSizeF(240, 12)},  // the short side stretched
+              {QSize(3, 1000), QSizeF(12, 240)},
+              // Shown 102.86 pixels high: the last pixel row, partly covered, shows the frame.
+              {QSize(700, 300), QSizeF(240, double(1800.0f * 2 / 35))}}) {
+            Editor editor;
+            editor.window.show();
+            editor.newLevel(QString::number(level.width()), QString::number(level.height()));
+            auto* minimapView = editor.part<MinimapView>("minimapSurface");
+            QCOMPARE(minimapView->placement(),
+                     (Placement{10, 17, float(minimap.width()), float(minimap.height())}));
+            // As wide as the minimap; a shrunk one's at least as wide as a 20-column level's.
+            const bool shrunk = std::max(level.width(), level.height()) > 40;
+            const auto column = float(shrunk ? std::max(minimap.width(), 120.0) : minimap.width());
+            if (shrunk) {  // the frame's bottom wall shows, also on a partly covered pixel row
+                const QImage shown = minimapView->grab().toImage();
+                const MinimapScale scale = minimapScaleFor(level.width(), level.height());
+                const QPoint wall(int(scale.across.toShown(float(6 * (level.width() / 2)))),
+                                  int(scale.down.toShown(float(6 * (level.height() - 2)))));
+                QVERIFY(qGray(shown.pixel(wall)) < qGray(MinimapBackground));
+            }
+            QCOMPARE(editor.part<LevelMenu>("levelMenu")->placement().width, column);
+            QCOMPARE(editor.viewport->placement().left, column + 20);
+            QVERIFY(editor.part<ToolStrip>("toolStripViewport")->placement().height > 0);
 
-        // No block overlaps another; from 14 columns up the menu holds its parts whole, apart.
-        const char* parts[] = {"helpButton",  "mouseHintLabel",    "minimapSurface",
-                               "mapViewport", "toolStripViewport", "levelMenu",
-                               "widthField",  "timesLabel",        "heightField",
-                               "newButton",   "openButton",        "saveButton"};
-        const std::size_t menu = 5, count = column >= 84 ? std::size(parts) : menu + 1;
-        auto rect = [&](std::size_t i) {
-            QWidget* part = editor.part(parts[i]);
-            return QRect(part->mapTo(&editor.window, QPoint(0, 0)), part->size());
-        };
-        for (std::size_t a = 0; a < count; ++a) {
-            QVERIFY(a <= menu || rect(menu).contains(rect(a)));
-            for (std::size_t b = a + 1; b < count; ++b)
-                QVERIFY2((a == menu && b > menu) || !rect(a).intersects(rect(b)), parts[b]);
-        }
+            // No block overlaps another; from 14 columns up the menu holds its parts whole, apart.
+            const char* parts[] = {"helpButton",  "mouseHintLabel",    "minimapSurface",
+                                   "mapViewport", "toolStripViewport", "levelMenu",
+                                   "widthField",  "timesLabel",        "heightField",
+                                   "newButton",   "openButton",        "saveButton"};
+            const std::size_t menu = 5, count = column >= 84 ? std::size(parts) : menu + 1;
+            auto rect = [&](std::size_t i) {
+                QWidget* part = editor.part(parts[i]);
+                return QRect(part->mapTo(&editor.window, QPoint(0, 0)), part->size());
+            };
+            for (std::size_t a = 0; a < count; ++a) {
+                QVERIFY(a <= menu || rect(menu).contains(rect(a)));
+                for (std::size_t b = a + 1; b < count; ++b)
+                    QVERIFY2((a == menu && b > menu) || !rect(a).intersects(rect(b)), parts[b]);
+            }
 
-        const QPointF point(minimap.width() * 0.6, minimap.height() * 0.3);
-        drag(minimapView, point, Qt::RightButton);  // to the middle of the view frame
-        const Placement frame = editor.part<OutlineShape>("minimapViewFrame")->placement();
-        QVERIFY(qAbs(frame.left + frame.width / 2 - point.x()) < 0.01);
-        QVERIFY(qAbs(frame.top + frame.height / 2 - point.y()) < 0.01);
-        if (shrunk) QVERIFY(frame.width >= 5 && frame.height >= 5);  // seen however large
+            const QPointF point(minimap.width() * 0.6, minimap.height() * 0.3);
+            drag(minimapView, point, Qt::RightButton);  // to the middle of the view frame
+            const Placement frame = editor.part<OutlineShape>("minimapViewFrame")->placement();
+            QVERIFY(qAbs(frame.left + frame.width / 2 - point.x()) < 0.01);
+            QVERIFY(qAbs(frame.top + frame.height / 2 - point.y()) < 0.01);
+            if (shrunk) QVERIFY(frame.width >= 5 && frame.height >= 5);  // seen however large
+        }
     }
 
     void shrunkenMinimapKeepsLoneCellsInSight() {
@@ -106,8 +102,7 @@ class LargeLevelsTest : public QObject {
         const QImage image = shown();
         for (QPoint wall : {QPoint(119, 119), QPoint(120, 120), QPoint(72, 72)})  // half dark
             QVERIFY(qGray(image.pixel(wall)) <= qGray(MinimapBackground) / 2 + 1);
-        // The hero is a 3 x 3 square of red round its centre's pixel, also when only a part
-        // of the square is painted.
+        // The hero: a 3 x 3 red square round its centre's pixel, also when painted in part.
         for (int y = 22; y <= 26; ++y)
             for (int x = 22; x <= 26; ++x)
                 QCOMPARE(image.pixel(x, y) == qRgb(255, 0, 0),
@@ -116,11 +111,10 @@ class LargeLevelsTest : public QObject {
             QCOMPARE(shown(part).copy(part), image.copy(part));
     }
 
-    // The zoom keys, within the steps a level needs; New keeps the step, clamped; an undone
-    // New shows the map where it was, at the step of now.
-    void zoomKeysStayWithinTheLevelsSteps() {
+    // Zoom keys keep to a level's steps; New keeps the step, clamped, and its undo the map. The
+    // wheel moves the map and the palette within their ends.
+    void zoomKeysAndWheelStayWithinTheirEnds() {
         Editor editor;
-        editor.window.resize(896, 641);
         editor.window.show();
         QVERIFY(QTest::qWaitForWindowActive(&editor.window));
         editor.newLevel("300", "300");
@@ -143,20 +137,14 @@ class LargeLevelsTest : public QObject {
         editor.document.undo();  // back to 300 x 300, shown at 32 pixels a cell
         const Placement map = viewport->mapPlacement();
         QCOMPARE(std::pair(map.left, map.top), std::pair(-320.0f, -640.0f));
-    }
 
-    void wheelMovesTheMapAndThePaletteWithinTheirEnds() {
-        Editor editor;
-        editor.window.show();
+        zoomedBy(Qt::Key_0);
         editor.newLevel("100", "50");
-        MapViewport* viewport = editor.viewport;
         const QSize view = viewport->contentsRect().size();
         const auto mapAfter = [&](int angle, Qt::KeyboardModifiers keys = Qt::NoModifier) {
             turnWheel(viewport, angle, keys);
             return Placement(viewport->mapPlacement());
         };
-        QCOMPARE(mapAfter(-120).top, -64.0f);
-        QCOMPARE(mapAfter(-120, Qt::ShiftModifier).rounded().topLeft(), QPoint(-64, -64));
         QCOMPARE(mapAfter(-120 * 1000).top, float(view.height() - 64 * 50));
         QCOMPARE(mapAfter(-120 * 1000, Qt::ShiftModifier).left, float(view.width() - 64 * 100));
         QCOMPARE(editor.part<OutlineShape>("minimapViewFrame")->placement().left,

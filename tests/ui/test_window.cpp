@@ -31,13 +31,12 @@ class WindowTest : public QObject {
     void layoutFollowsTheWindowAndTheMinimap() {
         Editor editor;
         QCOMPARE(editor.window.size(), QSize(896, 641));
-        auto* minimap = editor.part<MinimapView>("minimapSurface");
         auto* menu = editor.part<LevelMenu>("levelMenu");
         auto* palette = editor.part<ToolStrip>("toolStripViewport");
         editor.window.show();
         editor.window.newLevel();  // a 20 x 20 level: minimap 120 x 120 at (10, 17)
         editor.window.resize(900, 640);
-        COMPARE_NEAR(minimap->placement(), 10, 17, 120, 120);
+        COMPARE_NEAR(editor.part<MinimapView>("minimapSurface")->placement(), 10, 17, 120, 120);
         COMPARE_NEAR(menu->placement(), 10, 461.2f, 120, 168.8f);
         COMPARE_NEAR(palette->placement(), 10, 147, 120, 304.2f);
         COMPARE_NEAR(palette->stripPlacement(), 0, 8, 120, 1888);
@@ -59,25 +58,6 @@ class WindowTest : public QObject {
                  130 / 64.0f * 6);  // the frame still follows
     }
 
-    // A click on an entry selects its tool; the outline on the map takes the tool's size. The
-    // pressed entry is outlined in dark blue, the wall tool's, chosen with every new level, not.
-    void paletteChoosesATool() {
-        for (auto [code, outline] :
-             {std::pair{6, QSize(256, 192)}, {HeroCode, QSize(64, 64)}, {3, QSize(192, 256)}}) {
-            Editor editor;
-            editor.window.show();
-            editor.window.newLevel();
-            auto* button = editor.part<QToolButton>(qPrintable(QString("toolButton_%1").arg(code)));
-            QTest::mouseClick(button, Qt::LeftButton);
-            QCOMPARE(editor.window.selectedTool(), code);
-            QCOMPARE(editor.outline->size(), outline);
-            auto* wall = editor.part<QToolButton>("toolButton_1");
-            QVERIFY(button->isChecked() && !wall->isChecked());
-            QCOMPARE(button->grab().toImage().pixelColor(2, 30), QColor(0, 0, 64));
-            QVERIFY(wall->grab().toImage().pixelColor(2, 30) != QColor(0, 0, 64));
-        }
-    }
-
     // Whatever font stands in for the one asked for, the captions are whole.
     void captionsFitTheirPlacesInTheirFonts() {
         Editor editor;
@@ -94,9 +74,8 @@ class WindowTest : public QObject {
                                                            : widget->width();
             QVERIFY2(widget->fontMetrics().horizontalAdvance(text) <= room, qPrintable(text));
         }
-        // The fonts asked for: MS Sans Serif where it is installed, else Liberation Sans, which
-        // has its widths, by name; captions bold 7.8 points, the loading label bold 24, the
-        // rest 8. Without either font a wider one may stand in and be made smaller to fit.
+        // MS Sans Serif where installed, else Liberation Sans (its widths): captions bold 7.8
+        // points, the loading label bold 24, the rest 8. Without either, any may stand in.
         const QStringList families = QFontDatabase::families();
         const QString family = families.contains("MS Sans Serif", Qt::CaseInsensitive)
                                    ? "MS Sans Serif"
@@ -161,23 +140,36 @@ class WindowTest : public QObject {
         }
     }
 
-    // Any button drags the strip by its background; the pressed point stays under the
-    // pointer, so down and back up returns it exactly.
-    void paletteStripIsDragged() {
+    // A click on an entry selects its tool, sizes the outline and outlines the entry dark blue.
+    // Any button drags the strip by its background, the pressed point staying under the pointer.
+    void paletteChoosesAToolAndIsDragged() {
+        Editor editor;
+        editor.window.show();
+        editor.window.newLevel();
+        auto* wall = editor.part<QToolButton>("toolButton_1");
+        for (auto [code, outline] :
+             {std::pair{6, QSize(256, 192)}, {HeroCode, QSize(64, 64)}, {3, QSize(192, 256)}}) {
+            auto* button = editor.part<QToolButton>(qPrintable(QString("toolButton_%1").arg(code)));
+            QTest::mouseClick(button, Qt::LeftButton);
+            QCOMPARE(editor.window.selectedTool(), code);
+            QCOMPARE(editor.outline->size(), outline);
+            QVERIFY(button->isChecked() && !wall->isChecked());
+            QCOMPARE(button->grab().toImage().pixelColor(2, 30), QColor(0, 0, 64));
+            QVERIFY(wall->grab().toImage().pixelColor(2, 30) != QColor(0, 0, 64));
+        }
+        auto* palette = editor.part<ToolStrip>("toolStripViewport");
+        auto* strip = editor.part("toolStrip");
         for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-            Editor editor;
-            editor.window.show();
-            auto* palette = editor.part<ToolStrip>("toolStripViewport");
-            auto* strip = editor.part("toolStrip");
+            const float top = palette->stripPlacement().top;
             press(strip, {100, 20}, button);
-            for (auto [to, top] : {std::pair{120, 108.0f}, {-80, 8.0f}, {-5000, 8 - 5020.0f}}) {
+            for (auto [to, moved] : {std::pair{120, 100.0f}, {-80, 0.0f}, {-5000, -5020.0f}}) {
                 drag(strip, {100, qreal(to)}, button);  // in the strip's own, moved, points
-                QCOMPARE(palette->stripPlacement().top, top);
+                QCOMPARE(palette->stripPlacement().top, top + moved);
             }
             drag(strip, {100, 200}, Qt::NoButton);         // hovering moves nothing
             press(editor.part("toolButton_0"), {10, 10});  // a press on an entry drags nothing
             drag(editor.part("toolButton_0"), {10, 300});
-            QCOMPARE(palette->stripPlacement().top, 8 - 5020.0f);
+            QCOMPARE(palette->stripPlacement().top, top - 5020);
         }
     }
 };
