@@ -101,8 +101,8 @@ class LevelModelTest : public QObject {
     }
 
     // A FIFO would block the open and a device never ends: both are refused before reading,
-    // and an endless file is read no further than the largest level. None of them is saved
-    // over; a link to a plain file is saved through and stays a link.
+    // and an endless file is read no further than the largest level. None of them, nor a
+    // folder, is saved over; a link to a plain file is saved through and stays a link.
     void refusesWhatIsNoLevelFile() {
         QTemporaryDir special;
         const QString fifo = special.filePath("fifo.VRK"), zero = special.filePath("zero.VRK");
@@ -113,6 +113,10 @@ class LevelModelTest : public QObject {
             QVERIFY(readLevelFile(level, name)
                         .refusal.endsWith(
                             "není to obyčejný soubor (je to zařízení, roura nebo socket)."));
+        const QString folder = special.filePath("folder.VRK");
+        QVERIFY(QDir(special.path()).mkdir("folder.VRK"));
+        QVERIFY(readLevelFile(level, folder).refusal.endsWith("je to složka, ne soubor."));
+        QVERIFY(writeLevelFile(level, folder).failure.endsWith("je to složka, ne soubor."));
         // Saved over through a link too, which a save would replace with the file.
         const QString linkToFifo = special.filePath("to-fifo.VRK");
         QVERIFY(QFile::link(fifo, linkToFifo));
